@@ -1,0 +1,62 @@
+// The C++ lexer: characters in, Trn::Token out, for the parser, the protected
+// range scanner and every pass that looks at the tokens of a gap.
+//
+// It never sees a preprocessor: a directive line is one token, macros are
+// identifiers, and all branches of a conditional are read alike. White space is
+// not a token; it survives only inside comment, directive and literal tokens.
+// A qualified name is one token ("A::B::c"), except that "new", "delete" and
+// "operator" after a "::" are split off as keyword tokens ("X", "::operator").
+//
+// Positions: a token starts at the reader's position just after its first
+// character and ends at the position just after its last one. Columns count
+// characters from 0, so the first character of a line has column 1 and a
+// token's end column is the column of its last character. A token whose last
+// character is a newline ends at column 0 of the next line.
+//
+// The lexer reports nothing: what it cannot read it drops, or gives as
+// INVALID_TOKEN; after the end of input it gives END_OF_FILE for ever.
+#ifndef CPP_LEXER_H
+#define CPP_LEXER_H
+
+#include "Cpp_TokenType.h"
+#include "Trn_Lexer.h"
+#include "Varnel_ITextDocStream.h"
+
+#include <iosfwd>
+
+namespace Cpp {
+
+class Lexer : public Trn::Lexer {
+public:
+    // Does not own the stream; it must outlive the lexer.
+    explicit Lexer(std::istream& in);
+    ~Lexer() override;
+
+    Trn::Token next() override;
+    // "line:\t" L "\tcol:\t" C "\tlastlinecol:\t" N "\n"
+    void dump(std::ostream& out) const override;
+
+private:
+    int read() { return m_input.buf().getChar(); }
+    int peek() { return m_input.buf().peekChar(); }
+    void unread() { m_input.buf().ungetChar(); }
+    Trn::Position position() const { return {m_input.line(), m_input.col()}; }
+
+    // Each scanner starts with its first character already read and gives true
+    // when it stored a token in `out`; false means "no token, go on".
+    bool scanComment(int first, Trn::Token& out);
+    bool scanName(int first, Trn::Token& out);
+    bool scanNumber(int first, Trn::Token& out);
+    bool scanString(Trn::Token& out);
+    bool scanChar(Trn::Token& out);
+    bool scanDirective(Trn::Token& out);
+    bool scanOperator(int first, Trn::Token& out);
+    bool scanContinuation(Trn::Token& out);
+
+    Varnel::ITextDocStream m_input;
+    Trn::Token m_pending; // a token already read, given out by the next call
+};
+
+} // namespace Cpp
+
+#endif

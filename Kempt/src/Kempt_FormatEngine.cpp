@@ -1,0 +1,188 @@
+// The format driver: the pass sequence and the analysis that precedes each pass.
+#include "Kempt_FormatEngine.h"
+
+#include "Cpp_Lexer.h"
+#include "Cpp_Parser.h"
+#include "Cpp_RootNode.h"
+#include "Kempt_PropertyNames.h"
+#include "Kempt_ProtectedRangeScanner.h"
+#include "Varnel_Contract.h"
+
+#include <array>
+#include <istream>
+#include <ostream>
+#include <sstream>
+
+namespace Kempt {
+
+PassObserver::~PassObserver() = default;
+
+FormatMessage FormatEngine::cancelledMessage()
+{
+    return FormatMessage(FormatMessage::INFORMATION, Trn::Position(), 0, "Formatting cancelled at user's request.");
+}
+
+FormatMessage FormatEngine::rewindFailureMessage()
+{
+    return FormatMessage(FormatMessage::ERROR, Trn::Position(), 0, "Unable to rewind input.");
+}
+
+namespace {
+
+// One run of the pipeline: the two whole-text streams and the objects that
+// serve every pass of the run.
+class PipelineRun {
+public:
+    PipelineRun(const FormatSettings& settings, FormatMessageList& messages, PassObserver* observer)
+        : m_settings(settings), m_messages(messages), m_observer(observer), m_scanner(settings.markers())
+    {
+    }
+
+    void load(std::istream& in)
+    {
+        m_source << in.rdbuf();
+        m_source.flush();
+        m_source.clear(); // an empty input fails the insertion; it is no error
+    }
+
+    // Parses the current text, prints the next one, and makes it current.
+    // 0, or the number of messages when the text did not parse.
+    std::int32_t runPass(PassKind pass)
+    {
+        if (m_observer)
+            m_observer->passStarted(pass);
+        Cpp::RootNode root;
+        if (const std::int32_t failed = analyse(root))
+            return failed;
+        print(pass, root);
+        moveAcross();
+        return 0;
+    }
+
+    void writeResult(std::ostream& out)
+    {
+        const std::string_view text = m_source.view();
+        out.write(text.data(), static_cast<std::streamsize>(text.size()));
+        out.flush();
+    }
+
+private:
+    std::int32_t fail()
+    {
+        return static_cast<std::int32_t>(m_messages.size());
+    }
+
+    // Clears the state and seeks the input to the start of the text.
+    bool rewind()
+    {
+        m_source.clear();
+        m_source.seekg(0);
+        return !m_source.fail() && !m_source.bad();
+    }
+
+    // The analysis sequence: parse, drop code 2, stop on any message, then find
+    // the fenced regions of the text.
+    std::int32_t analyse(Cpp::RootNode& root)
+    {
+        FormatMessageList local;
+        {
+            Cpp::Lexer lexer(m_source);
+            m_parser.parse(lexer, root, local);
+        }
+        // Code 2 marks a head taken for a function-like macro invocation; it never fails a run.
+        local.remove_if([](const FormatMessage& m) { return m.code == 2; });
+        if (!local.empty()) {
+            m_messages.splice(m_messages.end(), local);
+            return fail();
+        }
+        if (!rewind()) {
+            m_messages.push_back(FormatEngine::rewindFailureMessage());
+            return fail();
+        }
+        m_scanner.scan(m_source.view(), root);
+        if (!rewind()) {
+            m_messages.push_back(FormatEngine::rewindFailureMessage());
+            return fail();
+        }
+        return 0;
+    }
+
+    // Prints the next text of the pass from the tree of the current one. The
+    // walkers of the three passes have not been built yet, so each pass
+    // prints its text as it stands.
+    void print(PassKind pass, Cpp::RootNode& root)
+    {
+        (void)pass;
+        (void)root;
+        const std::string_view text = m_source.view();
+        m_result.write(text.data(), static_cast<std::streamsize>(text.size()));
+        m_result.flush();
+    }
+
+    // The result of a pass becomes the source of the next one, without a copy.
+    void moveAcross()
+    {
+        m_source.str(std::move(m_result).str());
+        m_source.clear();
+        m_result.str(std::string());
+        m_result.clear();
+    }
+
+    const FormatSettings& m_settings;
+    FormatMessageList& m_messages;
+    PassObserver* m_observer;
+    ProtectedRangeScanner m_scanner;
+    Cpp::Parser m_parser;
+    std::stringstream m_source{std::ios_base::in | std::ios_base::out | std::ios_base::binary};
+    std::stringstream m_result{std::ios_base::in | std::ios_base::out | std::ios_base::binary};
+};
+
+// The three brace style properties must lie in 0..2.
+bool braceStylesSet(const FormatSettings& settings)
+{
+    bool anySet = false;
+    for (const char* name : {Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, Prop::FOR_CS_SINGLE_STMT_BRACE_STYLE,
+                             Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE}) {
+        std::int32_t style = 0;
+        settings.getInt(name, style);
+        if (style < 0 || style > 2)
+            TW_CHECK(false);
+        anySet = anySet || style != 0;
+    }
+    return anySet;
+}
+
+} // namespace
+
+std::int32_t FormatEngine::format(const FormatSettings& settings, std::istream& in, std::ostream& out,
+                                  FormatMessageList& messages, UpdateFunctor& update) const
+{
+    PipelineRun run(settings, messages, m_observer);
+    run.load(in);
+
+    if (!update("Analyzing file:\n%s")) {
+        messages.push_back(cancelledMessage());
+        return 1;
+    }
+    if (braceStylesSet(settings)) {
+        if (const std::int32_t failed = run.runPass(PassKind::REWRITE))
+            return failed;
+    }
+    if (!update("Formatting file:\n%s")) {
+        messages.push_back(cancelledMessage());
+        return static_cast<std::int32_t>(messages.size());
+    }
+    if (const std::int32_t failed = run.runPass(PassKind::FORMAT))
+        return failed;
+
+    bool lineWrap = false;
+    settings.getBool(Prop::LINE_WRAP, lineWrap);
+    if (lineWrap) {
+        if (const std::int32_t failed = run.runPass(PassKind::WRAP))
+            return failed;
+    }
+    run.writeResult(out);
+    return 0;
+}
+
+} // namespace Kempt

@@ -1,0 +1,46 @@
+# Tidewright C++ — the two commands of the Quick start, and a few more.
+#
+#   make run [FILE=path]   install what is missing, build, format FILE (default: the bundled sample)
+#   make test              install what is missing, build, run every test (also under the sanitizers)
+#   make bench             build a release and run the benchmarks
+#   make clean
+
+FILE ?= examples/sample.cpp
+CMAKE ?= cmake
+CTEST ?= ctest
+
+.PHONY: all bootstrap build release asan run test test-dev test-asan bench clean
+
+all: build
+
+bootstrap:
+	@tools/bootstrap.sh
+
+build: bootstrap
+	@$(CMAKE) --preset dev >/dev/null
+	@$(CMAKE) --build --preset dev
+
+release: bootstrap
+	@$(CMAKE) --preset release >/dev/null
+	@$(CMAKE) --build --preset release
+
+asan: bootstrap
+	@$(CMAKE) --preset asan >/dev/null
+	@$(CMAKE) --build --preset asan
+
+run: release
+	@build/release/cli/tidewright "$(FILE)"
+
+test: test-dev test-asan
+
+test-dev: build
+	@$(CTEST) --preset dev
+
+test-asan: asan
+	@$(CTEST) --preset asan
+
+bench: release
+	@build/release/bench/tw_bench
+
+clean:
+	rm -rf build

@@ -1,0 +1,60 @@
+// A buffered stream of tokens with look-ahead and put-back, either over a lexer
+// or over a saved list of tokens.
+//
+// Over a lexer the buffer is a window of 7 tokens; at each refill the 2 tokens
+// consumed last are carried over for put-back. So a peek(n) that consumes more
+// than 2 tokens of the old window before a refill loses the earliest tokens of
+// its look-ahead: index stops at 0 during the put-backs. Deep look-ahead belongs
+// on a stream over a saved list, where the whole list is the buffer.
+//
+// Over a list there is no refill: when index reaches the end it becomes -1
+// ("exhausted"), and from then on the stream gives end-of-file tokens with
+// default positions.
+//
+// Protocol: get() consumes, peek(n) looks n tokens ahead (n > 0), unget()
+// steps back one token, putBack(token) steps back and stores token there.
+#ifndef TRN_TOKENSTREAM_H
+#define TRN_TOKENSTREAM_H
+
+#include "Trn_Token.h"
+
+#include <cstdint>
+#include <deque>
+#include <vector>
+
+namespace Trn {
+
+class Lexer;
+
+class TokenStream {
+public:
+    static constexpr std::int32_t WINDOW = 7;
+    static constexpr std::int32_t CARRIED = 2;
+    static constexpr std::int32_t EXHAUSTED = -1;
+
+    explicit TokenStream(Lexer& lexer);
+    explicit TokenStream(const std::deque<Token>& tokens);
+    explicit TokenStream(const std::vector<Token>& tokens);
+
+    Token get();
+    Token peek(std::int32_t n = 1);
+    void unget();
+    void putBack(const Token& token);
+
+    // For tests and diagnostics.
+    std::int32_t index() const { return m_index; }
+    std::size_t bufferSize() const { return m_buffer.size(); }
+
+private:
+    const Token* current();
+    void refill();
+    bool stepBack();
+
+    Lexer* m_lexer = nullptr;
+    std::int32_t m_index = 0;
+    std::deque<Token> m_buffer;
+};
+
+} // namespace Trn
+
+#endif

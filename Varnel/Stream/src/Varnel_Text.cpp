@@ -1,0 +1,60 @@
+// Trimming and unescaping.
+#include "Varnel_Text.h"
+
+#include <cctype>
+
+namespace Varnel {
+
+namespace {
+
+bool isSpace(char c)
+{
+    return std::isspace(static_cast<unsigned char>(c)) != 0;
+}
+
+} // namespace
+
+std::string_view trimLeft(std::string_view text)
+{
+    std::size_t i = 0;
+    while (i < text.size() && isSpace(text[i]))
+        ++i;
+    return text.substr(i);
+}
+
+std::string_view trimRight(std::string_view text)
+{
+    std::size_t n = text.size();
+    while (n > 0 && isSpace(text[n - 1]))
+        --n;
+    return text.substr(0, n);
+}
+
+std::string_view trim(std::string_view text)
+{
+    return trimRight(trimLeft(text));
+}
+
+std::string unescapeBackslashes(std::string_view text)
+{
+    std::string value;
+    value.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            value += text[i];
+            continue;
+        }
+        if (++i == text.size())
+            break;
+        switch (text[i]) {
+        case 'n': value += '\n'; break;
+        case 'r': value += '\r'; break;
+        case 't': value += '\t'; break;
+        case 'v': value += '\v'; break;
+        default: value += text[i]; break;
+        }
+    }
+    return value;
+}
+
+} // namespace Varnel

@@ -1,0 +1,22 @@
+// One text through the engine, with its messages as lines.
+#include "App_TextJob.h"
+
+#include "App_MessageLine.h"
+#include "Kempt.h"
+
+#include <ostream>
+
+namespace App {
+
+bool formatText(const std::string& label, std::istream& in, std::ostream& out, std::ostream& errors,
+                const Kempt::PropertySet& properties, Kempt::UpdateFunctor& update)
+{
+    const Kempt::FormatSettings settings(properties, Kempt::defaultRegionMarkers());
+    Kempt::FormatMessageList messages;
+    const std::int32_t result = Kempt::FormatEngine().format(settings, in, out, messages, update);
+    for (const Kempt::FormatMessage& message : messages)
+        errors << messageLine(label, message) << '\n';
+    return result == 0;
+}
+
+} // namespace App

@@ -1,0 +1,199 @@
+// The format driver: pass sequence, progress and cancellation, whole-text
+// fidelity while the passes print the text as it stands.
+#include "Kempt.h"
+#include "Varnel_Contract.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using Kempt::FormatEngine;
+using Kempt::FormatMessageList;
+using Kempt::FormatSettings;
+using Kempt::PassKind;
+
+class RecordingObserver : public Kempt::PassObserver {
+public:
+    void passStarted(PassKind pass) override { passes.push_back(pass); }
+    std::vector<PassKind> passes;
+};
+
+class RecordingUpdate : public Kempt::UpdateFunctor {
+public:
+    explicit RecordingUpdate(int allowed = 1000) : m_allowed(allowed) {}
+    bool operator()(const std::string& format) override
+    {
+        calls.push_back(format);
+        return static_cast<int>(calls.size()) <= m_allowed;
+    }
+    std::vector<std::string> calls;
+
+private:
+    int m_allowed;
+};
+
+struct RunResult {
+    std::int32_t result;
+    std::string out;
+    FormatMessageList messages;
+};
+
+RunResult format(const std::string& text, const FormatSettings& settings, Kempt::UpdateFunctor& update,
+           Kempt::PassObserver* observer = nullptr)
+{
+    std::istringstream in(text);
+    std::ostringstream out;
+    RunResult run;
+    run.result = FormatEngine(observer).format(settings, in, out, run.messages, update);
+    run.out = out.str();
+    return run;
+}
+
+RunResult format(const std::string& text, const FormatSettings& settings = FormatSettings())
+{
+    Kempt::UpdateFunctor none;
+    return format(text, settings, none);
+}
+
+FormatSettings withBraceStyles(std::int32_t ifElse, std::int32_t forStyle, std::int32_t whileStyle, bool wrap)
+{
+    Kempt::PropertySet set;
+    set.setInt(Kempt::Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, ifElse);
+    set.setInt(Kempt::Prop::FOR_CS_SINGLE_STMT_BRACE_STYLE, forStyle);
+    set.setInt(Kempt::Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE, whileStyle);
+    set.setBool(Kempt::Prop::LINE_WRAP, wrap);
+    return FormatSettings(set);
+}
+
+TEST(FormatEngineTest, NoBraceStyleAndNoWrapParsesOnceInTheFormatPass)
+{
+    RecordingObserver observer;
+    Kempt::UpdateFunctor none;
+    const RunResult run = format("int x;\n", withBraceStyles(0, 0, 0, false), none, &observer);
+    EXPECT_EQ(run.result, 0);
+    EXPECT_EQ(observer.passes, (std::vector<PassKind>{PassKind::FORMAT}));
+    EXPECT_EQ(run.out, "int x;\n");
+}
+
+TEST(FormatEngineTest, AllBraceStylesAndWrapParseThreeTimes)
+{
+    RecordingObserver observer;
+    Kempt::UpdateFunctor none;
+    const RunResult run = format("int x;\n", withBraceStyles(1, 2, 1, true), none, &observer);
+    EXPECT_EQ(run.result, 0);
+    EXPECT_EQ(observer.passes, (std::vector<PassKind>{PassKind::REWRITE, PassKind::FORMAT, PassKind::WRAP}));
+    EXPECT_EQ(run.out, "int x;\n");
+}
+
+TEST(FormatEngineTest, OneBraceStyleIsEnoughForTheRewritePass)
+{
+    RecordingObserver observer;
+    Kempt::UpdateFunctor none;
+    format("x", withBraceStyles(0, 0, 2, false), none, &observer);
+    EXPECT_EQ(observer.passes, (std::vector<PassKind>{PassKind::REWRITE, PassKind::FORMAT}));
+}
+
+TEST(FormatEngineTest, BraceStyleOutsideRangeViolatesContract)
+{
+    for (const std::int32_t bad : {3, -1}) {
+        try {
+            format("x", withBraceStyles(0, bad, 0, false));
+            FAIL() << "no violation for " << bad;
+        } catch (const Varnel::ContractViolation& v) {
+            EXPECT_EQ(v.condition(), "false");
+        }
+    }
+}
+
+TEST(FormatEngineTest, ProgressTextsInOrder)
+{
+    RecordingUpdate update;
+    format("x", withBraceStyles(1, 1, 1, true), update);
+    EXPECT_EQ(update.calls, (std::vector<std::string>{"Analyzing file:\n%s", "Formatting file:\n%s"}));
+}
+
+TEST(FormatEngineTest, CancelAtFirstCallReturnsOneWithOneInformation)
+{
+    RecordingUpdate update(0);
+    const RunResult run = format("int x;", FormatSettings(), update);
+    EXPECT_EQ(run.result, 1);
+    ASSERT_EQ(run.messages.size(), 1u);
+    EXPECT_EQ(run.messages.front().severity, 1);
+    EXPECT_EQ(run.messages.front().position, Trn::Position());
+    EXPECT_EQ(run.messages.front().code, 0);
+    EXPECT_EQ(run.messages.front().text, "Formatting cancelled at user's request.");
+    EXPECT_TRUE(run.out.empty());
+}
+
+TEST(FormatEngineTest, CancelBeforeFormatPassWritesNothing)
+{
+    RecordingUpdate update(1);
+    RecordingObserver observer;
+    const RunResult run = format("int x;", withBraceStyles(1, 0, 0, false), update, &observer);
+    EXPECT_EQ(run.result, 1);
+    EXPECT_EQ(run.messages.size(), 1u);
+    EXPECT_TRUE(run.out.empty());
+    EXPECT_EQ(observer.passes, (std::vector<PassKind>{PassKind::REWRITE}));
+}
+
+TEST(FormatEngineTest, EmptyInputGivesEmptyOutputAndNoMessages)
+{
+    const RunResult run = format("");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(run.messages.empty());
+    EXPECT_TRUE(run.out.empty());
+}
+
+TEST(FormatEngineTest, TextPassesByteForByte)
+{
+    std::string junk;
+    for (int i = 0; i < 70000; ++i)
+        junk += static_cast<char>((i * 131 + 7) % 256);
+    for (const std::string& text : {std::string("int main()\r\n{\r\n\treturn 0;\r\n}\r\n"),
+                                    std::string("a\rb\r\r\n"), std::string("no newline at end"), junk,
+                                    std::string("// TW-FORMAT-OFF\nint   x;\n// TW-FORMAT-ON\n")}) {
+        const RunResult run = format(text, withBraceStyles(1, 1, 1, true));
+        EXPECT_EQ(run.result, 0);
+        EXPECT_EQ(run.out, text);
+    }
+}
+
+TEST(FormatEngineTest, InputIsReadFromItsCurrentPosition)
+{
+    std::istringstream in("skip-this|keep this");
+    in.ignore(10);
+    std::ostringstream out;
+    FormatMessageList messages;
+    Kempt::UpdateFunctor none;
+    EXPECT_EQ(FormatEngine().format(FormatSettings(), in, out, messages, none), 0);
+    EXPECT_EQ(out.str(), "keep this");
+}
+
+TEST(FormatEngineTest, DriverMessages)
+{
+    EXPECT_EQ(FormatEngine::rewindFailureMessage().severity, 3);
+    EXPECT_EQ(FormatEngine::rewindFailureMessage().text, "Unable to rewind input.");
+    EXPECT_EQ(FormatEngine::rewindFailureMessage().position, Trn::Position());
+    EXPECT_EQ(FormatEngine::cancelledMessage().severity, 1);
+}
+
+TEST(FormatEngineTest, TwoThreadsFormatAtOnce)
+{
+    std::string text;
+    for (int i = 0; i < 500; ++i)
+        text += "class A" + std::to_string(i) + " : public B { int f(int x) { return x ? y::z : w; } };\n";
+    std::vector<std::string> outputs(4);
+    std::vector<std::thread> threads;
+    for (std::size_t t = 0; t < outputs.size(); ++t)
+        threads.emplace_back([&, t] { outputs[t] = format(text, withBraceStyles(1, 1, 1, true)).out; });
+    for (auto& th : threads)
+        th.join();
+    for (const std::string& out : outputs)
+        EXPECT_EQ(out, text);
+}
+
+} // namespace

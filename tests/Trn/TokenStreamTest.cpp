@@ -1,0 +1,226 @@
+// Token streams: the 7-token window over a lexer, streams over saved lists,
+// look-ahead and put-back.
+#include "Trn_Lexer.h"
+#include "Trn_TokenStream.h"
+#include "Varnel_Contract.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <vector>
+
+namespace {
+
+// Gives tokens of type 1, 2, ... n, then end-of-file tokens at (99, 9).
+class CountingLexer : public Trn::Lexer {
+public:
+    explicit CountingLexer(int n) : m_n(n) {}
+    Trn::Token next() override
+    {
+        ++calls;
+        if (m_next > m_n)
+            return Trn::Token(-1, Trn::Position(99, 9), Trn::Position(99, 9));
+        const int t = m_next++;
+        return Trn::Token(t, Trn::Position(1, t), Trn::Position(1, t), std::to_string(t));
+    }
+    void dump(std::ostream& out) const override { out << m_next; }
+    int calls = 0;
+
+private:
+    int m_n;
+    int m_next = 1;
+};
+
+std::vector<Trn::Token> listOf(int n)
+{
+    std::vector<Trn::Token> tokens;
+    for (int i = 1; i <= n; ++i)
+        tokens.emplace_back(i, Trn::Position(1, i), Trn::Position(1, i), std::to_string(i));
+    return tokens;
+}
+
+TEST(TokenStreamTest, GetGivesTokensInOrder)
+{
+    CountingLexer lexer(10);
+    Trn::TokenStream stream(lexer);
+    for (int i = 1; i <= 10; ++i)
+        EXPECT_EQ(stream.get().type(), i);
+}
+
+TEST(TokenStreamTest, FirstFillTakesAWholeWindow)
+{
+    CountingLexer lexer(20);
+    Trn::TokenStream stream(lexer);
+    stream.peek(1);
+    EXPECT_EQ(lexer.calls, 7);
+    EXPECT_EQ(stream.bufferSize(), 7u);
+}
+
+TEST(TokenStreamTest, GetAfterLastTokenKeepsGivingEndOfFile)
+{
+    CountingLexer lexer(2);
+    Trn::TokenStream stream(lexer);
+    stream.get();
+    stream.get();
+    for (int i = 0; i < 20; ++i) {
+        const Trn::Token t = stream.get();
+        EXPECT_EQ(t.type(), -1);
+        EXPECT_EQ(t.start(), Trn::Position(99, 9));
+    }
+}
+
+TEST(TokenStreamTest, PeekDoesNotConsume)
+{
+    CountingLexer lexer(10);
+    Trn::TokenStream stream(lexer);
+    EXPECT_EQ(stream.peek(1).type(), 1);
+    EXPECT_EQ(stream.peek(3).type(), 3);
+    EXPECT_EQ(stream.get().type(), 1);
+    EXPECT_EQ(stream.get().type(), 2);
+}
+
+TEST(TokenStreamTest, PeekOfZeroOrLessViolatesContract)
+{
+    CountingLexer lexer(3);
+    Trn::TokenStream stream(lexer);
+    for (int n : {0, -1}) {
+        try {
+            stream.peek(n);
+            FAIL() << "no violation for " << n;
+        } catch (const Varnel::ContractViolation& v) {
+            EXPECT_EQ(v.condition(), "n > 0");
+            EXPECT_EQ(v.file(), "Trn/src/Trn_TokenStream.cpp");
+        }
+    }
+}
+
+TEST(TokenStreamTest, UngetOnFreshStreamDoesNothing)
+{
+    CountingLexer lexer(3);
+    Trn::TokenStream stream(lexer);
+    stream.unget();
+    EXPECT_EQ(stream.get().type(), 1);
+}
+
+TEST(TokenStreamTest, UngetStepsBack)
+{
+    CountingLexer lexer(5);
+    Trn::TokenStream stream(lexer);
+    stream.get();
+    stream.get();
+    stream.unget();
+    EXPECT_EQ(stream.get().type(), 2);
+}
+
+TEST(TokenStreamTest, AfterRefillTwoUngetsArePossibleAndAThirdDoesNothing)
+{
+    CountingLexer lexer(20);
+    Trn::TokenStream stream(lexer);
+    for (int i = 1; i <= 8; ++i)
+        stream.get(); // the 8th get refilled the window
+    EXPECT_EQ(stream.index(), 3);
+    stream.unget();
+    stream.unget();
+    stream.unget();
+    EXPECT_EQ(stream.index(), 0);
+    stream.unget();
+    EXPECT_EQ(stream.index(), 0);
+    EXPECT_EQ(stream.get().type(), 6);
+}
+
+TEST(TokenStreamTest, PutBackStoresTokenInPlace)
+{
+    CountingLexer lexer(5);
+    Trn::TokenStream stream(lexer);
+    stream.get();
+    stream.putBack(Trn::Token(42, Trn::Position(), Trn::Position()));
+    EXPECT_EQ(stream.get().type(), 42);
+    EXPECT_EQ(stream.get().type(), 2);
+}
+
+TEST(TokenStreamTest, PutBackAtIndexZeroDoesNothing)
+{
+    CountingLexer lexer(5);
+    Trn::TokenStream stream(lexer);
+    stream.peek(1);
+    stream.putBack(Trn::Token(42, Trn::Position(), Trn::Position()));
+    EXPECT_EQ(stream.get().type(), 1);
+}
+
+TEST(TokenStreamTest, PeekAcrossRefillKeepsTwoCarriedTokens)
+{
+    CountingLexer lexer(20);
+    Trn::TokenStream stream(lexer);
+    for (int i = 1; i <= 5; ++i)
+        stream.get();
+    EXPECT_EQ(stream.peek(5).type(), 10);
+    for (int i = 6; i <= 10; ++i)
+        EXPECT_EQ(stream.get().type(), i);
+}
+
+TEST(TokenStreamTest, DeepPeekAcrossRefillLosesEarliestTokens)
+{
+    // After token 1, peek(8) consumes 2..7 of the old window before the refill;
+    // only 6 and 7 are carried over, so the put-backs stop at index 0 and
+    // tokens 2 to 5 are lost to the stream.
+    CountingLexer lexer(20);
+    Trn::TokenStream stream(lexer);
+    stream.get();
+    EXPECT_EQ(stream.peek(8).type(), 9);
+    EXPECT_EQ(stream.get().type(), 6);
+}
+
+TEST(TokenStreamTest, ListStreamGivesListThenEndOfFileWithDefaultPositions)
+{
+    Trn::TokenStream stream(listOf(3));
+    EXPECT_EQ(stream.get().type(), 1);
+    EXPECT_EQ(stream.get().type(), 2);
+    EXPECT_EQ(stream.get().type(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const Trn::Token t = stream.get();
+        EXPECT_EQ(t.type(), -1);
+        EXPECT_TRUE(t.start().isNull());
+        EXPECT_TRUE(t.end().isNull());
+        EXPECT_TRUE(t.text().empty());
+    }
+    EXPECT_EQ(stream.index(), Trn::TokenStream::EXHAUSTED);
+}
+
+TEST(TokenStreamTest, ListStreamPeekIsExactAtAnyDepth)
+{
+    Trn::TokenStream stream(listOf(12));
+    EXPECT_EQ(stream.peek(11).type(), 11);
+    EXPECT_EQ(stream.peek(12).type(), 12);
+    for (int i = 1; i <= 12; ++i)
+        EXPECT_EQ(stream.get().type(), i);
+}
+
+TEST(TokenStreamTest, ListStreamPeekPastTheEndLosesNothing)
+{
+    Trn::TokenStream stream(listOf(2));
+    stream.get();
+    EXPECT_EQ(stream.peek(4).type(), -1);
+    EXPECT_EQ(stream.get().type(), 2);
+    EXPECT_EQ(stream.get().type(), -1);
+}
+
+TEST(TokenStreamTest, UngetAfterListEndGivesLastToken)
+{
+    Trn::TokenStream stream(listOf(2));
+    stream.get();
+    stream.get();
+    EXPECT_EQ(stream.get().type(), -1);
+    stream.unget();
+    EXPECT_EQ(stream.get().type(), 2);
+}
+
+TEST(TokenStreamTest, EmptyListIsExhaustedAtOnce)
+{
+    Trn::TokenStream stream(std::vector<Trn::Token>{});
+    EXPECT_EQ(stream.peek(1).type(), -1);
+    EXPECT_EQ(stream.get().type(), -1);
+    stream.unget();
+    EXPECT_EQ(stream.get().type(), -1);
+}
+
+} // namespace
