@@ -22,7 +22,7 @@ build: bootstrap
 
 release: bootstrap
 	@$(CMAKE) --preset release >/dev/null
-	@$(CMAKE) --build --preset release
+	@$(CMAKE) --build --preset release >&2
 
 asan: bootstrap
 	@$(CMAKE) --preset asan >/dev/null
