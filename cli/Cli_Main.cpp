@@ -1,11 +1,15 @@
 // tidewright: the command line over the formatting engine.
 //
-//   tidewright [--scheme-file PATH] [FILE...]   format each FILE (or standard input) to standard output
+//   tidewright [--scheme NAME | --scheme-file PATH] [FILE...]   format each FILE (or standard input)
 //   tidewright --dump-tokens [FILE...]          print the tokens of each input, one per line
+//   tidewright --list-schemes | --print-scheme NAME   show the schemes of the scheme directory
+// At start the scheme directory (--scheme-dir, TIDEWRIGHT_SCHEME_DIR, or the
+// user's data directory) gets the built-in schemes, is read, and old schemes
+// are converted; what the conversion has to tell goes to standard error.
 //
 // Exit status: 0 when every input succeeded, 1 when any input failed to
 // format, 2 for a usage error (an unknown option, an unreadable file or scheme).
-#include "App_SchemeFile.h"
+#include "App_SchemeStore.h"
 #include "App_TextJob.h"
 #include "Cli_Inputs.h"
 #include "Cpp_TokenDump.h"
@@ -28,6 +32,10 @@ enum ExitStatus { SUCCESS = 0, FAILED = 1, USAGE = 2 };
 struct Options {
     std::vector<std::string> files;
     std::string schemeFile;
+    std::string schemeName;
+    std::string schemeDir;
+    std::string printScheme;
+    bool listSchemes = false;
     bool dumpTokens = false;
 };
 
@@ -59,15 +67,40 @@ ExitStatus runInput(const std::string& name, Work work)
     return FAILED;
 }
 
+// --print-scheme: the scheme as its file holds it.
+int printScheme(const KemptUI::PropertySetStore& store, const std::string& name)
+{
+    Kempt::PropertySet set;
+    std::string error;
+    if (!App::findScheme(store, name, set, error)) {
+        complain(error);
+        return USAGE;
+    }
+    return KemptUI::writeSchemeText(std::cout, set) && std::cout.flush() ? SUCCESS : FAILED;
+}
+
 int run(const Options& options)
 {
+    KemptUI::PropertySetStore store(App::schemeDirectory(options.schemeDir));
+    std::string notice;
+    std::string error;
+    if (!App::openSchemeStore(store, App::builtInSchemeDirectory(), notice, error)) {
+        complain(error);
+        return USAGE;
+    }
+    if (!notice.empty())
+        std::cerr << notice << '\n';
+    if (options.listSchemes) {
+        App::listSchemes(store, std::cout);
+        return SUCCESS;
+    }
+    if (!options.printScheme.empty())
+        return printScheme(store, options.printScheme);
+
     Kempt::PropertySet properties;
-    if (!options.schemeFile.empty()) {
-        std::string error;
-        if (!App::readSchemeFile(options.schemeFile, properties, error)) {
-            complain(error);
-            return USAGE;
-        }
+    if (!App::selectScheme(store, options.schemeName, options.schemeFile, properties, error)) {
+        complain(error);
+        return USAGE;
     }
 
     Kempt::UpdateFunctor noProgress;
@@ -97,8 +130,20 @@ int main(int argc, char** argv)
                  "tidewright"};
     Options options;
     app.add_option("FILE", options.files, "Files to format; - reads standard input");
+    CLI::Option* scheme = app.add_option("--scheme", options.schemeName,
+                                         "Format with this scheme of the scheme directory (default: default)")
+                              ->type_name("NAME");
     app.add_option("--scheme-file", options.schemeFile, "Format with the scheme in this .tws file")
-        ->type_name("PATH");
+        ->type_name("PATH")
+        ->excludes(scheme);
+    app.add_option("--scheme-dir", options.schemeDir,
+                   "The scheme directory (default: $TIDEWRIGHT_SCHEME_DIR, else ~/.local/share/tidewright/schemes)")
+        ->type_name("DIR");
+    CLI::Option* list = app.add_flag("--list-schemes", options.listSchemes,
+                                     "List the schemes of the scheme directory; built-in ones are marked");
+    app.add_option("--print-scheme", options.printScheme, "Write the scheme file of this scheme to standard output")
+        ->type_name("NAME")
+        ->excludes(list);
     app.add_flag("--dump-tokens", options.dumpTokens,
                  "Print the tokens of each input instead of formatting it: start end type name \"text\"");
     app.set_version_flag("--version", std::string("tidewright ") + TIDEWRIGHT_VERSION_TEXT);
