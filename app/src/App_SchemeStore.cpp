@@ -150,7 +150,7 @@ std::string availableSchemes(const KemptUI::PropertySetStore& store)
 {
     if (store.empty())
         return "there are no schemes in " + store.path();
-    std::ostringstream names;
+    std::stringstream names;
     listSchemes(store, names);
     std::string text = "available schemes:";
     for (std::string line; std::getline(names, line);)
@@ -233,10 +233,15 @@ bool openSchemeStore(KemptUI::PropertySetStore& store, const std::string& builtI
         error = KemptUI::readErrorText(e.path());
         return false;
     } catch (const KemptUI::PropertySetStore::WriteError& e) {
-        error = KemptUI::writeErrorText(e.path(), fs::path(e.path()).parent_path().string());
+        error = schemeWriteErrorText(e.path());
         return false;
     }
     return true;
+}
+
+std::string schemeWriteErrorText(const std::string& file)
+{
+    return KemptUI::writeErrorText(file, fs::path(file).parent_path().string());
 }
 
 bool findScheme(const KemptUI::PropertySetStore& store, const std::string& name, Kempt::PropertySet& set,

@@ -57,6 +57,10 @@ bool installBuiltInSchemes(const std::string& from, const std::string& to, const
 bool openSchemeStore(KemptUI::PropertySetStore& store, const std::string& builtInDir, std::string& notice,
                      std::string& error);
 
+// The user text for a scheme file that cannot be written, naming the file and
+// its directory.
+std::string schemeWriteErrorText(const std::string& file);
+
 // The scheme of that exact name. False and `error` listing the available
 // schemes when there is none.
 bool findScheme(const KemptUI::PropertySetStore& store, const std::string& name, Kempt::PropertySet& set,
