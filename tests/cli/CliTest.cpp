@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
@@ -47,7 +49,13 @@ protected:
     {
         m_dir = fs::temp_directory_path() / ("tw-cli-" + std::to_string(::getpid()) + "-"
                                              + ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(m_dir);
+        fs::create_directories(m_dir / "home");
+        // No test reads or writes the user's real home: the scheme directory
+        // is the test's own, and so is HOME.
+        m_env = {{"HOME", (m_dir / "home").string()},
+                 {"TIDEWRIGHT_SCHEME_DIR", schemeDir().string()},
+                 {"XDG_DATA_HOME", std::nullopt},
+                 {"TIDEWRIGHT_TRACE", std::nullopt}};
     }
     void TearDown() override { fs::remove_all(m_dir); }
 
@@ -58,10 +66,17 @@ protected:
         return p;
     }
 
+    fs::path schemeDir() const { return m_dir / "schemes"; }
+
     Result run(const std::vector<std::string>& args, const std::string& input = "")
     {
         const fs::path in = file("stdin.txt", input);
-        std::string cmd = quote(TW_CLI_PATH);
+        std::string cmd = "env";
+        for (const auto& [name, value] : m_env) // options first, then assignments
+            cmd += value ? "" : " -u " + quote(name);
+        for (const auto& [name, value] : m_env)
+            cmd += value ? " " + quote(name + "=" + *value) : "";
+        cmd += " " + quote(TW_CLI_PATH);
         for (const std::string& a : args)
             cmd += " " + quote(a);
         cmd += " < " + quote(in.string()) + " > " + quote((m_dir / "stdout.txt").string()) + " 2> "
@@ -72,6 +87,8 @@ protected:
     }
 
     fs::path m_dir;
+    // Variables of the command's environment: a value, or nullopt to unset.
+    std::map<std::string, std::optional<std::string>> m_env;
 };
 
 const std::string DATA = TW_TEST_DATA_DIR;
@@ -206,6 +223,179 @@ TEST_F(CliTest, CancelledOrFailedRunPrintsMessageLinesOnStandardError)
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.out, "");
     EXPECT_NE(r.err.find(a.string()), std::string::npos);
+}
+
+// ---------------------------------------------------------------------------
+// Schemes of the scheme directory.
+
+const std::string SCHEMES = TW_SCHEMES_DIR;
+const std::string BUILT_IN_LIST = "GNU (built-in)\nK&R (built-in)\nLeave as is (built-in)\nLinux kernel (built-in)\n"
+                                  "Stroustrup (built-in)\nWhitesmiths (built-in)\ndefault (built-in)\n";
+const fs::perms READ_ONLY = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
+
+std::string scheme(const std::string& name, const std::string& properties)
+{
+    return "Kempt::PropertySet\n1\n\"" + name + "\"\n" + properties;
+}
+
+std::map<std::string, std::string> contentsOf(const fs::path& dir)
+{
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::directory_iterator(dir))
+        files[entry.path().filename().string()] =
+            readFile(entry.path()) + " mode " + std::to_string(static_cast<int>(fs::status(entry.path()).permissions()));
+    return files;
+}
+
+TEST_F(CliTest, ListSchemesOnAFreshAccountShowsTheBuiltInSchemesReadOnly)
+{
+    m_env["TIDEWRIGHT_SCHEME_DIR"] = std::nullopt; // only an empty home
+    const Result r = run({"--list-schemes"});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, BUILT_IN_LIST);
+    EXPECT_EQ(r.err, "");
+    const fs::path store = m_dir / "home" / ".local" / "share" / "tidewright" / "schemes";
+    EXPECT_EQ((fs::status(store / "default.tws").permissions() & fs::perms::mask), READ_ONLY);
+    EXPECT_EQ(readFile(store / "K&R.tws"), readFile(SCHEMES + "/K&R.tws"));
+}
+
+TEST_F(CliTest, ListSchemesInANewSchemeDirectory)
+{
+    const Result r = run({"--list-schemes"});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, BUILT_IN_LIST);
+    EXPECT_TRUE(fs::exists(schemeDir() / "Linux kernel.tws"));
+    EXPECT_FALSE(fs::exists(m_dir / "home" / ".local"));
+}
+
+TEST_F(CliTest, SchemeDirectoryFromXdgDataHomeAndFromTheOption)
+{
+    m_env["TIDEWRIGHT_SCHEME_DIR"] = std::nullopt;
+    m_env["XDG_DATA_HOME"] = (m_dir / "data").string();
+    EXPECT_EQ(run({"--list-schemes"}).out, BUILT_IN_LIST);
+    EXPECT_TRUE(fs::exists(m_dir / "data" / "tidewright" / "schemes" / "default.tws"));
+    m_env["TIDEWRIGHT_SCHEME_DIR"] = (m_dir / "from-variable").string();
+    EXPECT_EQ(run({"--scheme-dir", (m_dir / "from-option").string(), "--list-schemes"}).out, BUILT_IN_LIST);
+    EXPECT_TRUE(fs::exists(m_dir / "from-option" / "default.tws"));
+    EXPECT_FALSE(fs::exists(m_dir / "from-variable"));
+}
+
+TEST_F(CliTest, ListMarksOnlyReadOnlySchemesAsBuiltIn)
+{
+    fs::create_directories(schemeDir());
+    file("schemes/mine.tws", scheme("Mine", "3 TIDEWRIGHT_VERSION \"1.3.0\"\n"));
+    const Result r = run({"--list-schemes"});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_NE(r.out.find("\nMine\nStroustrup (built-in)\n"), std::string::npos) << r.out;
+}
+
+TEST_F(CliTest, SchemePicksASchemeOfTheDirectoryByExactName)
+{
+    fs::create_directories(schemeDir());
+    file("schemes/broken.tws", scheme("Broken", "2 FOR_CS_SINGLE_STMT_BRACE_STYLE 5\n3 TIDEWRIGHT_VERSION \"1.3.0\"\n"));
+    const Result broken = run({"--scheme", "Broken"}, "int x;\n");
+    EXPECT_EQ(broken.status, 1); // the scheme's bad value reached the engine
+    EXPECT_NE(broken.err.find("DBC Violation"), std::string::npos) << broken.err;
+    const Result leave = run({"--scheme", "Leave as is"}, "int  x ;\n");
+    EXPECT_EQ(leave.status, 0);
+    EXPECT_EQ(leave.out, "int  x ;\n");
+}
+
+TEST_F(CliTest, UnknownSchemeListsTheAvailableOnesAndExitsTwo)
+{
+    const Result r = run({"--scheme", "Default"}, "int x;\n");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(r.err, "tidewright: no scheme named 'Default'; available schemes:\n  GNU (built-in)\n  K&R (built-in)\n"
+                     "  Leave as is (built-in)\n  Linux kernel (built-in)\n  Stroustrup (built-in)\n"
+                     "  Whitesmiths (built-in)\n  default (built-in)\n");
+}
+
+TEST_F(CliTest, WithoutASchemeOptionTheDefaultSchemeIsUsed)
+{
+    // A user's scheme named "default" in a file listed before default.tws
+    // takes the name; its bad value shows that it was the one used.
+    fs::create_directories(schemeDir());
+    file("schemes/a-default.tws",
+         scheme("default", "2 FOR_CS_SINGLE_STMT_BRACE_STYLE 5\n3 TIDEWRIGHT_VERSION \"1.3.0\"\n"));
+    const Result r = run({}, "int x;\n");
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.err.find("DBC Violation"), std::string::npos) << r.err;
+}
+
+TEST_F(CliTest, SchemeAndSchemeFileExcludeEachOther)
+{
+    const Result r = run({"--scheme", "default", "--scheme-file", DATA + "/schemes/minimal.tws"}, "int x;\n");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.out, "");
+}
+
+TEST_F(CliTest, PrintSchemeWritesTheSchemeFile)
+{
+    const Result r = run({"--print-scheme", "K&R"});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, readFile(SCHEMES + "/K&R.tws"));
+    EXPECT_EQ(r.err, "");
+    const Result unknown = run({"--print-scheme", "k&r"});
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_EQ(unknown.out, "");
+    EXPECT_NE(unknown.err.find("no scheme named 'k&r'"), std::string::npos);
+}
+
+TEST_F(CliTest, CorruptSchemeFileGivesTheReadErrorAndLeavesTheDirectoryAlone)
+{
+    ASSERT_EQ(run({"--list-schemes"}).status, 0); // the built-in schemes are in place
+    file("schemes/broken.tws", "this is not a scheme\n");
+    file("schemes/old.tws", scheme("Old", "")); // would be converted and written
+    const auto before = contentsOf(schemeDir());
+    const Result r = run({}, "int x;\n");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.out, "");
+    const std::string path = (schemeDir() / "broken.tws").string();
+    EXPECT_EQ(r.err, "tidewright: Tidewright C++ encountered an error while trying to read the scheme file \"" + path
+                         + "\". To correct the problem, you should delete this file before restarting Tidewright C++ "
+                           "and attempting this operation again.\n");
+    EXPECT_EQ(contentsOf(schemeDir()), before);
+}
+
+TEST_F(CliTest, ConversionTextGoesToStandardError)
+{
+    fs::create_directories(schemeDir());
+    const fs::path frozen = file("schemes/frozen.tws", scheme("Frozen", "3 TIDEWRIGHT_VERSION \"1.2.2\"\n"));
+    fs::permissions(frozen, READ_ONLY, fs::perm_options::replace);
+    file("schemes/old.tws", scheme("Old", ""));
+    const Result r = run({"--list-schemes"});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.err, "The scheme 'Frozen' was created using a previous version of Tidewright C++. The file is marked "
+                     "read-only and so cannot be converted. Please ensure the file is read-write and run Tidewright "
+                     "C++ again. Once the scheme has been converted, the file can be set read-only again.\n");
+    EXPECT_NE(r.out.find("Frozen (built-in)\n"), std::string::npos);
+    EXPECT_NE(readFile(schemeDir() / "old.tws").find("3 TIDEWRIGHT_VERSION \"1.3.0\"\r\n"), std::string::npos);
+    // Converted once: the next start has nothing new to say about "Old".
+    EXPECT_EQ(run({"--list-schemes"}).err, r.err);
+}
+
+TEST_F(CliTest, ASchemeDirectoryThatCannotBeMadeIsAUsageError)
+{
+    file("blocker", "");
+    const Result r = run({"--scheme-dir", (m_dir / "blocker" / "schemes").string()}, "int x;\n");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_NE(r.err.find("cannot create the scheme directory"), std::string::npos) << r.err;
+}
+
+TEST_F(CliTest, HelpNamesTheSchemeOptions)
+{
+    const Result help = run({"--help"});
+    for (const char* option : {"--scheme ", "--scheme-dir", "--list-schemes", "--print-scheme"})
+        EXPECT_NE(help.out.find(option), std::string::npos) << option;
+}
+
+TEST_F(CliTest, LeaveAsIsGivesTheSampleBackUnchanged)
+{
+    const std::string sample = std::string(TW_EXAMPLES_DIR) + "/sample.cpp";
+    const Result r = run({"--scheme", "Leave as is", sample});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, readFile(sample));
 }
 
 } // namespace
