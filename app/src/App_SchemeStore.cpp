@@ -197,6 +197,7 @@ bool installBuiltInSchemes(const std::string& from, const std::string& to, const
     KemptUI::TraceScope trace("installBuiltInSchemes");
     if (from.empty())
         return true;
+    trace.line("Built-in schemes in " + from);
     std::error_code ec;
     fs::create_directories(to, ec);
     if (ec) {
