@@ -8,7 +8,8 @@
 // are converted; what the conversion has to tell goes to standard error.
 //
 // Exit status: 0 when every input succeeded, 1 when any input failed to
-// format, 2 for a usage error (an unknown option, an unreadable file or scheme).
+// format, 2 for a usage error (an unknown option, an unreadable file or scheme,
+// an unknown scheme name, a scheme directory that cannot be read or created).
 #include "App_SchemeStore.h"
 #include "App_TextJob.h"
 #include "Cli_Inputs.h"

@@ -265,6 +265,8 @@ constexpr PropertyInfo CATALOGUE[] = {
 
     // Line Wrapping
     flag(P::LINE_WRAP, LW, "Wrap long lines"),
+    // The right margin's range is given nowhere else; it shares the spin
+    // range of the tab size.
     {.name = P::RIGHT_MARGIN, .kind = K::NUMBER, .page = LW, .label = "Right margin:", .fallback = 78,
      .minimum = 0, .maximum = 32767},
     choice(P::WRAP_STYLE, LW, "", "Treatment of line continuation", WRAP_STYLE_CHOICES, 1),
