@@ -26,6 +26,7 @@ public:
 
     std::streambuf* target() const { return m_target; }
     std::int32_t lineEnding() const { return m_lineEnding; }
+    void setLineEnding(std::int32_t lineEnding) { m_lineEnding = lineEnding; }
 
 protected:
     int_type underflow() override;
