@@ -10,7 +10,19 @@
 
 namespace Kempt {
 
-TokenIterator::TokenIterator(const std::string& text) : TokenIterator(text, defaultRegionMarkers()) {}
+namespace {
+
+// The default markers, kept for the life of the process so that an iterator
+// can borrow them instead of copying the list for every gap.
+const MarkerList& defaultMarkers()
+{
+    static const MarkerList MARKERS = defaultRegionMarkers();
+    return MARKERS;
+}
+
+} // namespace
+
+TokenIterator::TokenIterator(const std::string& text) : TokenIterator(text, defaultMarkers()) {}
 
 TokenIterator::TokenIterator(const std::string& text, const MarkerList& markers)
     : m_markers(markers), m_text(text), m_in(m_text), m_lexer(m_in)

@@ -21,7 +21,8 @@
 // A text with one token has `left` at it and `right` at the end after the
 // first advance(), so a caller that looks at every token looks at left() in
 // the loop and once more behind it. The iterator cannot be copied or moved;
-// build it on the stack for one gap.
+// build it on the stack for one gap. The text is copied; the marker list is
+// not.
 #ifndef KEMPT_TOKENITERATOR_H
 #define KEMPT_TOKENITERATOR_H
 
@@ -39,7 +40,11 @@ class TokenIterator {
 public:
     // With the default comment markers of defaultRegionMarkers().
     explicit TokenIterator(const std::string& text);
+    // With the caller's markers, usually FormatSettings::markers(). The list
+    // is borrowed, not copied: it must outlive the iterator, so a temporary
+    // list is refused.
     TokenIterator(const std::string& text, const MarkerList& markers);
+    TokenIterator(const std::string& text, MarkerList&& markers) = delete;
     TokenIterator(const TokenIterator&) = delete;
     TokenIterator& operator=(const TokenIterator&) = delete;
 
@@ -57,7 +62,7 @@ public:
 private:
     Trn::Token nextToken();
 
-    MarkerList m_markers;
+    const MarkerList& m_markers;
     Trn::Token m_left{Cpp::END_OF_FILE, {}, {}};
     Trn::Token m_right{Cpp::INVALID_TOKEN, {}, {}};
     std::string m_text;
