@@ -11,6 +11,7 @@
 #include "Kempt_FormatEngine.h"
 #include "Kempt_FormatMessage.h"
 #include "Kempt_FormatSettings.h"
+#include "Kempt_NormaliseProperties.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_PropertySet.h"
 #include "Kempt_UpdateFunctor.h"

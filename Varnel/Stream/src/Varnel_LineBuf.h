@@ -26,6 +26,7 @@ public:
 
     std::streambuf* target() const { return m_target; }
     std::int32_t lineEnding() const { return m_lineEnding; }
+    void setLineEnding(std::int32_t lineEnding) { m_lineEnding = lineEnding; }
 
 protected:
     int_type underflow() override;
@@ -40,7 +41,9 @@ private:
     std::streambuf* m_target;
     std::int32_t m_lineEnding;
     bool m_afterCR = false; // the last character read from the target was "\r"
-    std::array<char, PUTBACK_SIZE + BUFFER_SIZE> m_get{};
+    // Left uninitialised: it is written before it is read, and a lexer built
+    // for a short gap should not pay for clearing 16 KB.
+    std::array<char, PUTBACK_SIZE + BUFFER_SIZE> m_get;
 };
 
 } // namespace Varnel
