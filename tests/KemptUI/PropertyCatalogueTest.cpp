@@ -1,6 +1,7 @@
 // The property catalogue: complete over the name list, typed, with the pages,
 // labels, choices and fallbacks the editor and the documentation read.
 #include "KemptUI_PropertyCatalogue.h"
+#include "Kempt_NormaliseProperties.h"
 
 #include "Kempt_PropertyNames.h"
 #include "Varnel_Contract.h"
@@ -325,6 +326,17 @@ TEST(PropertyCatalogueTest, GlobalSourcesAreGlobalFieldsOfPagesWithTheUseGlobalF
     EXPECT_EQ(count, 35); // body fields, commas and parens of seven pages
     EXPECT_STREQ(info(P::INDENT_CS_CONTENT).globalSource, P::GLOBAL_INDENT_CONTENT);
     EXPECT_STREQ(info(P::WS_BEFORE_FN_CALL_COMMA).globalSource, P::GLOBAL_WS_BEFORE_COMMA);
+}
+
+TEST(PropertyCatalogueTest, SchemeWithoutTabSizeFormatsWithOne)
+{
+    // The same scheme as below, as a formatting run completes it.
+    Kempt::PropertySet set;
+    set.setInt(P::CONVERT_WS, 0);
+    Kempt::normaliseProperties(set);
+    std::int32_t tabSize = 0;
+    EXPECT_TRUE(set.getInt(P::TAB_SIZE, tabSize));
+    EXPECT_EQ(tabSize, 1);
 }
 
 TEST(PropertyCatalogueTest, SchemeWithoutTabSizeShowsFourInTheEditor)
