@@ -2,6 +2,7 @@
 //
 //   tidewright [--scheme-file PATH] [FILE...]   format each FILE (or standard input) to standard output
 //   tidewright --dump-tokens [FILE...]          print the tokens of each input, one per line
+//   tidewright --dump-tree [FILE...]            print the syntax tree of each input, one node per line
 //
 // Exit status: 0 when every input succeeded, 1 when any input failed to
 // format, 2 for a usage error (an unknown option, an unreadable file or scheme).
@@ -29,6 +30,7 @@ struct Options {
     std::vector<std::string> files;
     std::string schemeFile;
     bool dumpTokens = false;
+    bool dumpTree = false;
 };
 
 void complain(const std::string& text)
@@ -78,6 +80,8 @@ int run(const Options& options)
                 Cpp::dumpTokens(input.stream(), std::cout);
                 return true;
             }
+            if (options.dumpTree)
+                return App::dumpTreeText(input.label(), input.stream(), std::cout, std::cerr);
             return App::formatText(input.label(), input.stream(), std::cout, std::cerr, properties, noProgress);
         });
         status = std::max<int>(status, one);
@@ -101,6 +105,9 @@ int main(int argc, char** argv)
         ->type_name("PATH");
     app.add_flag("--dump-tokens", options.dumpTokens,
                  "Print the tokens of each input instead of formatting it: start end type name \"text\"");
+    app.add_flag("--dump-tree", options.dumpTree,
+                 "Print the syntax tree of each input instead of formatting it: one node per line, "
+                 "ClassName L:C-L:C and its attributes");
     app.set_version_flag("--version", std::string("tidewright ") + TIDEWRIGHT_VERSION_TEXT);
 
     try {

@@ -1,10 +1,12 @@
-// Ownership and positions of child lists.
+// Ownership and positions of child lists, and the range rules of delimited
+// and composite nodes.
 #include "Cpp_InteriorNode.h"
 
 #include "Cpp_Emitter.h"
 #include "Trn_Exception.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace Cpp {
@@ -78,6 +80,36 @@ void InteriorNode::add(SyntaxNode* child)
     if (std::find(m_children.begin(), m_children.end(), child) != m_children.end())
         throw Trn::AlreadyExistsException();
     m_children.push_back(child);
+}
+
+Trn::Position DelimitedNode::begin() const
+{
+    return fallsBack() ? InteriorNode::begin() : m_begin;
+}
+
+Trn::Position DelimitedNode::end() const
+{
+    return fallsBack() ? InteriorNode::end() : m_end;
+}
+
+Trn::Position compositeBegin(const Trn::Position& own, std::initializer_list<const SyntaxNode*> fields)
+{
+    if (!own.isNull())
+        return own;
+    for (const SyntaxNode* field : fields)
+        if (field)
+            return field->begin();
+    return Trn::Position();
+}
+
+Trn::Position compositeEnd(const Trn::Position& own, std::initializer_list<const SyntaxNode*> fields)
+{
+    if (!own.isNull())
+        return own;
+    for (auto it = std::rbegin(fields); it != std::rend(fields); ++it)
+        if (*it)
+            return (*it)->end();
+    return Trn::Position();
 }
 
 } // namespace Cpp

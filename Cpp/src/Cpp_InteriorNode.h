@@ -1,6 +1,10 @@
 // A node with an ordered list of children that it owns. A plain interior node
 // begins where its first child begins and ends where its last child ends, and
 // has no position of its own (0, 0 when it has no children).
+//
+// DelimitedNode is the base of the interior nodes written between delimiters
+// (braces, parentheses, angle brackets): they keep the position of the opening
+// delimiter and of the closing one as their own range.
 #ifndef CPP_INTERIORNODE_H
 #define CPP_INTERIORNODE_H
 
@@ -20,6 +24,12 @@ public:
     InteriorNode() = default;
     InteriorNode(const InteriorNode& other);
     InteriorNode& operator=(const InteriorNode& other);
+    InteriorNode(InteriorNode&& other) noexcept : SyntaxNode(other) { m_children.swap(other.m_children); }
+    InteriorNode& operator=(InteriorNode&& other) noexcept
+    {
+        m_children.swap(other.m_children);
+        return *this;
+    }
     ~InteriorNode() override;
 
     void setBegin(const Trn::Position& p) override;
@@ -48,6 +58,34 @@ protected:
 
 private:
     ChildList m_children;
+};
+
+class DelimitedNode : public InteriorNode {
+public:
+    void setBegin(const Trn::Position& p) override { m_begin = p; }
+    Trn::Position begin() const override;
+    void setEnd(const Trn::Position& p) override { m_end = p; }
+    Trn::Position end() const override;
+
+protected:
+    // `fallsBack`: with no position of its own and with children, the node
+    // is located by its children (a block around one unbraced statement).
+    explicit DelimitedNode(bool fallsBack) : m_fallsBack(fallsBack) {}
+    DelimitedNode(bool fallsBack, const Trn::Position& b, const Trn::Position& e)
+        : m_begin(b), m_end(e), m_fallsBack(fallsBack)
+    {
+    }
+    DelimitedNode(const DelimitedNode&) = default;
+    DelimitedNode& operator=(const DelimitedNode&) = default;
+    DelimitedNode(DelimitedNode&&) noexcept = default;
+    DelimitedNode& operator=(DelimitedNode&&) noexcept = default;
+
+private:
+    bool fallsBack() const { return m_fallsBack && m_begin.isNull() && m_end.isNull() && !empty(); }
+
+    Trn::Position m_begin;
+    Trn::Position m_end;
+    bool m_fallsBack;
 };
 
 } // namespace Cpp
