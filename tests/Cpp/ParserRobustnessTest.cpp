@@ -123,12 +123,12 @@ TEST(ParserRobustnessTest, TreeCheckFindsLostTokens)
     reversed.add(new Cpp::ExprNode({2, 1}, {2, 6}));
     reversed.add(new Cpp::ExprNode({1, 1}, {1, 6}));
     EXPECT_EQ(TwTest::checkTree(reversed, text), "RootNode 2:1-1:6: ends before it begins");
-    Cpp::RootNode block;
+    Cpp::RootNode swapped;
     auto* braces = new Cpp::BlockNode({1, 1}, {1, 9});
     braces->add(new Cpp::ExprNode({1, 6}, {1, 7}));
     braces->add(new Cpp::ExprNode({1, 3}, {1, 4}));
-    block.add(braces);
-    EXPECT_EQ(TwTest::checkTree(block, "{ a; b; }"), "ExprNode 1:3-1:4: overlaps or precedes ExprNode 1:6-1:7");
+    swapped.add(braces);
+    EXPECT_EQ(TwTest::checkTree(swapped, "{ a; b; }"), "ExprNode 1:3-1:4: overlaps or precedes ExprNode 1:6-1:7");
     Cpp::RootNode cutting;
     cutting.add(new Cpp::ExprNode({1, 2}, {1, 6}));
     EXPECT_EQ(TwTest::checkTree(cutting, text), "RootNode 1:2-1:6: does not begin at a token");
