@@ -103,11 +103,12 @@ int main(int argc, char** argv)
     app.add_option("FILE", options.files, "Files to format; - reads standard input");
     app.add_option("--scheme-file", options.schemeFile, "Format with the scheme in this .tws file")
         ->type_name("PATH");
-    app.add_flag("--dump-tokens", options.dumpTokens,
+    CLI::Option* dumpTokens = app.add_flag("--dump-tokens", options.dumpTokens,
                  "Print the tokens of each input instead of formatting it: start end type name \"text\"");
     app.add_flag("--dump-tree", options.dumpTree,
                  "Print the syntax tree of each input instead of formatting it: one node per line, "
-                 "ClassName L:C-L:C and its attributes");
+                 "ClassName L:C-L:C and its attributes")
+        ->excludes(dumpTokens);
     app.set_version_flag("--version", std::string("tidewright ") + TIDEWRIGHT_VERSION_TEXT);
 
     try {

@@ -40,14 +40,14 @@ public:
     void accept(Emitter& emitter) override;
     SyntaxNode* clone() const override;
 
-    iterator childrenBegin() { return m_children.begin(); }
-    const_iterator childrenBegin() const { return m_children.begin(); }
-    iterator childrenEnd() { return m_children.end(); }
-    const_iterator childrenEnd() const { return m_children.end(); }
+    virtual iterator childrenBegin() { return m_children.begin(); }
+    virtual const_iterator childrenBegin() const { return m_children.begin(); }
+    virtual iterator childrenEnd() { return m_children.end(); }
+    virtual const_iterator childrenEnd() const { return m_children.end(); }
     // Removes the slots; the caller deletes what they pointed to.
-    iterator erase(iterator first, iterator last) { return m_children.erase(first, last); }
-    std::size_t size() const { return m_children.size(); }
-    bool empty() const { return m_children.empty(); }
+    virtual iterator erase(iterator first, iterator last) { return m_children.erase(first, last); }
+    virtual std::size_t size() const { return m_children.size(); }
+    virtual bool empty() const { return m_children.empty(); }
 
     // Appends and takes ownership; null is ignored, a child already in the
     // list throws Trn::AlreadyExistsException.

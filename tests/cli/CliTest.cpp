@@ -251,6 +251,13 @@ TEST_F(CliTest, DumpTreeShowsTheShapeOfEachInput)
     EXPECT_NE(ifElse.find("        CtrlSubStmtNode 1:22-1:28\n"), std::string::npos) << ifElse;
 }
 
+TEST_F(CliTest, DumpTreeAndDumpTokensExcludeEachOther)
+{
+    const Result r = run({"--dump-tree", "--dump-tokens"}, "int x;");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.out, "");
+}
+
 TEST_F(CliTest, DumpTreeFoldsFencedRegions)
 {
     EXPECT_EQ(run({"--dump-tree"}, "// TW-FORMAT-OFF\nint   x;\n// TW-FORMAT-ON\n").out,
