@@ -20,7 +20,7 @@ std::string generatedCpp(std::size_t bytes)
         text += "namespace ns" + id + " {\n";
         text += "class Widget" + id + " : public Base<int, std::string>\n{\npublic:\n";
         text += "    explicit Widget" + id + "(int size) : m_size(size), m_name(\"widget " + id + "\") {}\n";
-        text += "    virtual ~Widget" + id + "() = default;\n";
+        text += "    virtual ~Widget" + id + "() {}\n";
         text += "    int compute(const std::vector<double>& values, char sep = '\\t') const\n    {\n";
         text += "        /* accumulate the values\n           with a running total */\n";
         text += "        double total = 0.0e+0;\n";
