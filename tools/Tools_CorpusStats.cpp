@@ -76,9 +76,14 @@ int main(int argc, char** argv)
     }
     const std::size_t shown = argc > 2 ? static_cast<std::size_t>(std::stoul(argv[2])) : 10;
     std::vector<fs::path> files;
-    for (const auto& entry : fs::recursive_directory_iterator(argv[1]))
-        if (entry.is_regular_file() && entry.path().filename() != "MANIFEST")
-            files.push_back(entry.path());
+    std::error_code error;
+    for (fs::recursive_directory_iterator it(argv[1], error), end; !error && it != end; it.increment(error))
+        if (it->is_regular_file() && it->path().filename() != "MANIFEST")
+            files.push_back(it->path());
+    if (error) {
+        std::cerr << "tw-corpus-stats: " << argv[1] << ": " << error.message() << '\n';
+        return 2;
+    }
     std::sort(files.begin(), files.end());
 
     std::map<std::string, Cause> causes;
