@@ -73,13 +73,44 @@ SyntaxNode* InteriorNode::clone() const
     return new InteriorNode(*this);
 }
 
+InteriorNode::iterator InteriorNode::childrenBegin()
+{
+    m_index.reset();
+    return m_children.begin();
+}
+
+InteriorNode::iterator InteriorNode::childrenEnd()
+{
+    m_index.reset();
+    return m_children.end();
+}
+
+InteriorNode::iterator InteriorNode::erase(iterator first, iterator last)
+{
+    m_index.reset();
+    return m_children.erase(first, last);
+}
+
 void InteriorNode::add(SyntaxNode* child)
 {
     if (!child)
         return;
-    if (std::find(m_children.begin(), m_children.end(), child) != m_children.end())
+    if (m_children.size() < INDEXED_FROM) {
+        if (std::find(m_children.begin(), m_children.end(), child) != m_children.end())
+            throw Trn::AlreadyExistsException();
+        m_children.push_back(child);
+        return;
+    }
+    if (!m_index)
+        m_index = std::make_unique<Index>(m_children.begin(), m_children.end());
+    if (!m_index->insert(child).second)
         throw Trn::AlreadyExistsException();
-    m_children.push_back(child);
+    try {
+        m_children.push_back(child);
+    } catch (...) {
+        m_index->erase(child);
+        throw;
+    }
 }
 
 Trn::Position DelimitedNode::begin() const

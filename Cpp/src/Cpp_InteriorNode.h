@@ -11,6 +11,8 @@
 #include "Cpp_SyntaxNode.h"
 
 #include <cstddef>
+#include <memory>
+#include <unordered_set>
 #include <vector>
 
 namespace Cpp {
@@ -24,10 +26,10 @@ public:
     InteriorNode() = default;
     InteriorNode(const InteriorNode& other);
     InteriorNode& operator=(const InteriorNode& other);
-    InteriorNode(InteriorNode&& other) noexcept : SyntaxNode(other) { m_children.swap(other.m_children); }
+    InteriorNode(InteriorNode&& other) noexcept : SyntaxNode(other) { swapChildren(other); }
     InteriorNode& operator=(InteriorNode&& other) noexcept
     {
-        m_children.swap(other.m_children);
+        swapChildren(other);
         return *this;
     }
     ~InteriorNode() override;
@@ -40,12 +42,13 @@ public:
     void accept(Emitter& emitter) override;
     SyntaxNode* clone() const override;
 
-    virtual iterator childrenBegin() { return m_children.begin(); }
+    // The mutable iterators allow a slot to be rewritten in place.
+    virtual iterator childrenBegin();
     virtual const_iterator childrenBegin() const { return m_children.begin(); }
-    virtual iterator childrenEnd() { return m_children.end(); }
+    virtual iterator childrenEnd();
     virtual const_iterator childrenEnd() const { return m_children.end(); }
     // Removes the slots; the caller deletes what they pointed to.
-    virtual iterator erase(iterator first, iterator last) { return m_children.erase(first, last); }
+    virtual iterator erase(iterator first, iterator last);
     virtual std::size_t size() const { return m_children.size(); }
     virtual bool empty() const { return m_children.empty(); }
 
@@ -54,10 +57,23 @@ public:
     void add(SyntaxNode* child);
 
 protected:
-    void swapChildren(InteriorNode& other) noexcept { m_children.swap(other.m_children); }
+    void swapChildren(InteriorNode& other) noexcept
+    {
+        m_children.swap(other.m_children);
+        m_index.swap(other.m_index);
+    }
 
 private:
+    // From this many children on, add() finds duplicates by a hash index
+    // instead of a search of the list, so that a list of n children is built
+    // in O(n). The index holds exactly the children while it exists: it is
+    // dropped whenever the list can change other than by add() (a mutable
+    // iterator handed out, erase), and rebuilt from the list when next needed.
+    static constexpr std::size_t INDEXED_FROM = 32;
+    using Index = std::unordered_set<const SyntaxNode*>;
+
     ChildList m_children;
+    std::unique_ptr<Index> m_index;
 };
 
 class DelimitedNode : public InteriorNode {
