@@ -35,4 +35,26 @@ void BM_LexerSamples(benchmark::State& state)
 }
 BENCHMARK(BM_LexerSamples)->Unit(benchmark::kMicrosecond);
 
+// The corpus of TW_CORPUS_DIR, file by file; skipped when it is not set.
+void BM_LexerCorpus(benchmark::State& state)
+{
+    const auto& texts = Bench::corpusTexts();
+    if (texts.empty()) {
+        state.SkipWithError("TW_CORPUS_DIR is not set");
+        return;
+    }
+    std::int64_t tokens = 0;
+    for (auto _ : state) {
+        for (const std::string& text : texts) {
+            Varnel::IMemStream in(text);
+            Cpp::Lexer lexer(in);
+            for (Trn::Token t = lexer.next(); t.type() != Cpp::END_OF_FILE; t = lexer.next())
+                ++tokens;
+        }
+        benchmark::DoNotOptimize(tokens);
+    }
+    state.SetBytesProcessed(state.iterations() * Bench::corpusBytes());
+}
+BENCHMARK(BM_LexerCorpus)->Unit(benchmark::kMillisecond);
+
 } // namespace

@@ -1,4 +1,4 @@
-// The benchmark program: lexer and pipeline throughput, pipeline memory.
+// The benchmark program: lexer, parser and pipeline throughput, pipeline memory.
 #include <benchmark/benchmark.h>
 
 BENCHMARK_MAIN();

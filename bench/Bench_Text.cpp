@@ -1,6 +1,8 @@
 // Generating benchmark texts.
 #include "Bench_Text.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -18,7 +20,7 @@ std::string generatedCpp(std::size_t bytes)
         text += "namespace ns" + id + " {\n";
         text += "class Widget" + id + " : public Base<int, std::string>\n{\npublic:\n";
         text += "    explicit Widget" + id + "(int size) : m_size(size), m_name(\"widget " + id + "\") {}\n";
-        text += "    virtual ~Widget" + id + "() = default;\n";
+        text += "    virtual ~Widget" + id + "() {}\n";
         text += "    int compute(const std::vector<double>& values, char sep = '\\t') const\n    {\n";
         text += "        /* accumulate the values\n           with a running total */\n";
         text += "        double total = 0.0e+0;\n";
@@ -48,6 +50,38 @@ std::string bundledSamples()
         text += s.str();
     }
     return text;
+}
+
+const std::vector<std::string>& corpusTexts()
+{
+    static const std::vector<std::string> texts = [] {
+        std::vector<std::string> result;
+        const char* dir = std::getenv("TW_CORPUS_DIR");
+        if (!dir || !*dir)
+            return result;
+        std::vector<std::filesystem::path> files;
+        std::error_code ec;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(dir, ec))
+            if (entry.is_regular_file() && entry.path().filename() != "MANIFEST")
+                files.push_back(entry.path());
+        std::sort(files.begin(), files.end());
+        for (const auto& path : files) {
+            std::ifstream in(path, std::ios::binary);
+            std::ostringstream s;
+            s << in.rdbuf();
+            result.push_back(s.str());
+        }
+        return result;
+    }();
+    return texts;
+}
+
+std::int64_t corpusBytes()
+{
+    std::int64_t bytes = 0;
+    for (const std::string& text : corpusTexts())
+        bytes += static_cast<std::int64_t>(text.size());
+    return bytes;
 }
 
 } // namespace Bench

@@ -6,6 +6,7 @@
 // At start the scheme directory (--scheme-dir, TIDEWRIGHT_SCHEME_DIR, or the
 // user's data directory) gets the built-in schemes, is read, and old schemes
 // are converted; what the conversion has to tell goes to standard error.
+//   tidewright --dump-tree [FILE...]            print the syntax tree of each input, one node per line
 //
 // Exit status: 0 when every input succeeded, 1 when any input failed to
 // format, 2 for a usage error (an unknown option, an unreadable file or scheme,
@@ -38,6 +39,7 @@ struct Options {
     std::string printScheme;
     bool listSchemes = false;
     bool dumpTokens = false;
+    bool dumpTree = false;
 };
 
 void complain(const std::string& text)
@@ -112,6 +114,8 @@ int run(const Options& options)
                 Cpp::dumpTokens(input.stream(), std::cout);
                 return true;
             }
+            if (options.dumpTree)
+                return App::dumpTreeText(input.label(), input.stream(), std::cout, std::cerr);
             return App::formatText(input.label(), input.stream(), std::cout, std::cerr, properties, noProgress);
         });
         status = std::max<int>(status, one);
@@ -145,8 +149,12 @@ int main(int argc, char** argv)
     app.add_option("--print-scheme", options.printScheme, "Write the scheme file of this scheme to standard output")
         ->type_name("NAME")
         ->excludes(list);
-    app.add_flag("--dump-tokens", options.dumpTokens,
+    CLI::Option* dumpTokens = app.add_flag("--dump-tokens", options.dumpTokens,
                  "Print the tokens of each input instead of formatting it: start end type name \"text\"");
+    app.add_flag("--dump-tree", options.dumpTree,
+                 "Print the syntax tree of each input instead of formatting it: one node per line, "
+                 "ClassName L:C-L:C and its attributes")
+        ->excludes(dumpTokens);
     app.set_version_flag("--version", std::string("tidewright ") + TIDEWRIGHT_VERSION_TEXT);
 
     try {

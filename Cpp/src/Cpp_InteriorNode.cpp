@@ -1,10 +1,12 @@
-// Ownership and positions of child lists.
+// Ownership and positions of child lists, and the range rules of delimited
+// and composite nodes.
 #include "Cpp_InteriorNode.h"
 
 #include "Cpp_Emitter.h"
 #include "Trn_Exception.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace Cpp {
@@ -71,13 +73,74 @@ SyntaxNode* InteriorNode::clone() const
     return new InteriorNode(*this);
 }
 
+InteriorNode::iterator InteriorNode::childrenBegin()
+{
+    m_index.reset();
+    return m_children.begin();
+}
+
+InteriorNode::iterator InteriorNode::childrenEnd()
+{
+    m_index.reset();
+    return m_children.end();
+}
+
+InteriorNode::iterator InteriorNode::erase(iterator first, iterator last)
+{
+    m_index.reset();
+    return m_children.erase(first, last);
+}
+
 void InteriorNode::add(SyntaxNode* child)
 {
     if (!child)
         return;
-    if (std::find(m_children.begin(), m_children.end(), child) != m_children.end())
+    if (m_children.size() < INDEXED_FROM) {
+        if (std::find(m_children.begin(), m_children.end(), child) != m_children.end())
+            throw Trn::AlreadyExistsException();
+        m_children.push_back(child);
+        return;
+    }
+    if (!m_index)
+        m_index = std::make_unique<Index>(m_children.begin(), m_children.end());
+    if (!m_index->insert(child).second)
         throw Trn::AlreadyExistsException();
-    m_children.push_back(child);
+    try {
+        m_children.push_back(child);
+    } catch (...) {
+        m_index->erase(child);
+        throw;
+    }
+}
+
+Trn::Position DelimitedNode::begin() const
+{
+    return fallsBack() ? InteriorNode::begin() : m_begin;
+}
+
+Trn::Position DelimitedNode::end() const
+{
+    return fallsBack() ? InteriorNode::end() : m_end;
+}
+
+Trn::Position compositeBegin(const Trn::Position& own, std::initializer_list<const SyntaxNode*> fields)
+{
+    if (!own.isNull())
+        return own;
+    for (const SyntaxNode* field : fields)
+        if (field)
+            return field->begin();
+    return Trn::Position();
+}
+
+Trn::Position compositeEnd(const Trn::Position& own, std::initializer_list<const SyntaxNode*> fields)
+{
+    if (!own.isNull())
+        return own;
+    for (auto it = std::rbegin(fields); it != std::rend(fields); ++it)
+        if (*it)
+            return (*it)->end();
+    return Trn::Position();
 }
 
 } // namespace Cpp

@@ -1,22 +1,93 @@
 // The C++ parser: builds a Cpp::RootNode from the tokens of a Cpp::Lexer and
-// appends a message for every fault it finds. One parser serves every parse of
-// one formatting run; it keeps nothing between calls but the message list.
+// appends a message for every fault it finds. It is not a compiler's parser:
+// it sees unpreprocessed text, knows no declared names, and must survive
+// macros, conditional blocks and compiler extensions.
 //
-// This parser reads the whole token stream and recognises no declarations yet:
-// every text parses, into an empty tree, so the passes copy it through as it is.
+// Protocol: construct once per formatting run; call parse() for each text. The
+// parser keeps nothing between calls but the message list of the call in
+// progress. A file whose parse leaves any message (other than code 2, which the
+// driver drops) is not formatted.
+//
+// How it reads:
+//  1. A declaration is first gathered token by token into a list while a small
+//     state machine decides what it is (function, data, class, enum); the list
+//     is then parsed by the routine for that kind, from a stream over the list,
+//     where look-ahead is exact however deep. On the main stream, over the
+//     lexer, look-ahead stays short: its window loses tokens on deep peeks.
+//  2. Expressions are never parsed: an expression is an ExprNode span. What
+//     lies outside every node stays as text in the gaps, which the passes copy.
+//  3. Failure travels by null returns and messages; there is no
+//     resynchronisation inside a declaration. The top level goes on with the
+//     next token, so one file can report several errors.
+//  4. Every loop consumes at least one token per turn, and nesting deeper than
+//     MAX_NESTING constructs ends the parse with message code 7, so that no
+//     input makes it hang or exhaust the stack.
+//
+// The routines are split over several files by construct family:
+// Cpp_Parser.cpp (core, top level), Cpp_Parser_Classes.cpp (classes, enums,
+// namespaces, templates, linkage blocks), Cpp_Parser_Functions.cpp,
+// Cpp_Parser_Data.cpp and Cpp_Parser_Statements.cpp.
 #ifndef CPP_PARSER_H
 #define CPP_PARSER_H
 
 #include "Trn_FormatMessage.h"
 #include "Trn_Parser.h"
+#include "Trn_Token.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Trn {
+class TokenStream;
+}
 
 namespace Cpp {
 
 class Lexer;
 class RootNode;
+class SyntaxNode;
+class InteriorNode;
+class AccessSpecNode;
+class AsmNode;
+class BaseClauseListNode;
+class BaseClauseNode;
+class BlockNode;
+class CaseNode;
+class ClassBodyNode;
+class ClassDeclNode;
+class ClassHeadNode;
+class ClassNameNode;
+class CommentNode;
+class CtrlStmtNode;
+class CtrlSubStmtHeadNode;
+class CtrlSubStmtNode;
+class DataDeclNode;
+class EnumBodyNode;
+class EnumDeclNode;
+class EnumHeadNode;
+class ExprNode;
+class FunctionDeclNode;
+class FunctionHeadNode;
+class FunctionPtrDeclNode;
+class InitializerListNode;
+class InitializerNode;
+class LabelNode;
+class LinkageBlockBodyNode;
+class LinkageBlockNode;
+class NamespaceBodyNode;
+class NamespaceDeclNode;
+class NamespaceHeadNode;
+class ParameterListNode;
+class PreprocDirectiveNode;
+class TextNode;
 
 class Parser : public Trn::Parser {
 public:
+    // Constructs nested deeper than this (blocks, declarations, control
+    // statements) end the parse with message code 7.
+    static constexpr int MAX_NESTING = 512;
+
     Parser();
     ~Parser() override;
 
@@ -24,8 +95,125 @@ public:
     void parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& messages);
 
 private:
+    friend class ParserTestAccess;
+    using Stream = Trn::TokenStream;
+    using TokenList = std::vector<Trn::Token>;
+    class NestingGuard;
+
+    // What parseDeclaration found.
+    enum class DeclKind { DATA, FUNCTION, CLASS, ENUM };
+
+    // --- core and top level (Cpp_Parser.cpp) ---
+    struct Gathered;
+    void parseTopLevel(Stream& s, RootNode& root);
+    void topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t);
+    SyntaxNode* parseDeclaration(Stream& s, bool& isTypeBody, bool bitFieldsAllowed = false);
+    bool classifyDeclaration(Stream& s, Gathered& g);
+    bool classifyBracket(Stream& s, Gathered& g);
+    bool gatherThrough(Stream& s, Gathered& g, std::int32_t type);
+    bool gatherFunctionHead(Stream& s, Gathered& g);
+    bool gatherInitializers(Stream& s, Gathered& g);
+    void gatherInterruptTail(Stream& s, Gathered& g);
+    void gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma);
+    void gatherDataRest(Stream& s, Gathered& g);
+    bool gatherBody(Stream& s, Gathered& g);
+    PreprocDirectiveNode* parseDirective(Stream& s);
+    CommentNode* parseComment(Stream& s);
+    void addWithSemicolon(Stream& s, InteriorNode& node, SyntaxNode* decl, bool isTypeBody);
+
+    // Helpers on a stream.
+    Trn::Token get(Stream& s);
+    Trn::Token peekAt(Stream& s, std::int32_t n);
+    void skipDiscardable(Stream& s);
+    void collectDiscardable(Stream& s, InteriorNode& node);
+    Trn::Token nextSignificant(Stream& s, std::int32_t from = 1);
+    void skipTo(Stream& s, std::int32_t type);
+    void skipToCollecting(Stream& s, InteriorNode& node, std::int32_t type);
+    Trn::Position skipToSemicolon(Stream& s);
+    bool gatherUntil(Stream& s, TokenList& list, std::int32_t type);
+    void gatherStatement(Stream& s, TokenList& list);
+    // Gathers through the `close` that brings `depth` (the opens already
+    // gathered) back to 0. False, with message code 1, at the end of input.
+    bool gatherBalanced(Stream& s, TokenList& list, std::int32_t open, std::int32_t close, int depth);
+
+    // Messages: coded ones with the table's text, composed ones with their own.
+    void report(std::int32_t code, const Trn::Token& at);
+    void report(std::int32_t code, const Trn::Position& at);
+    void compose(const std::string& text, const Trn::Token& at);
+    Trn::Position placeOf(const Trn::Token& token) const;
+
+    // Makes sure a loop's turn consumed something: drops the token that stood
+    // ahead before the turn when it still stands there.
+    void ensureProgress(Stream& s, const Trn::Token& before);
+
+    // --- classes, enums, namespaces, templates, linkage (Cpp_Parser_Classes.cpp) ---
+    struct HeadText;
+    void joinHead(Stream& s, HeadText& head, bool enumHead);
+    void parseNestedNamespace(Stream& s, InteriorNode& body);
+    ClassDeclNode* parseClass(Stream& s);
+    ClassHeadNode* parseClassHead(Stream& s);
+    ClassNameNode* parseClassName(Stream& s);
+    BaseClauseListNode* parseBaseClauses(Stream& s);
+    BaseClauseNode* parseBaseClause(Stream& s);
+    ClassBodyNode* parseClassBody(Stream& s);
+    AccessSpecNode* parseAccessSpec(Stream& s);
+    EnumDeclNode* parseEnum(Stream& s);
+    EnumHeadNode* parseEnumHead(Stream& s);
+    EnumBodyNode* parseEnumBody(Stream& s);
+    NamespaceDeclNode* parseNamespace(Stream& s);
+    NamespaceHeadNode* parseNamespaceHead(Stream& s);
+    NamespaceBodyNode* parseNamespaceBody(Stream& s);
+    SyntaxNode* parseTemplate(Stream& s);
+    SyntaxNode* parseExtern(Stream& s);
+    LinkageBlockNode* parseLinkageBlock(Stream& s);
+    LinkageBlockBodyNode* parseLinkageBody(Stream& s);
+    bool parseMemberDeclaration(Stream& s, InteriorNode& node, bool bitFieldsAllowed);
+
+    // --- functions and parameters (Cpp_Parser_Functions.cpp) ---
+    FunctionDeclNode* parseFunction(const TokenList& head, Stream& main);
+    FunctionHeadNode* parseFunctionHead(const TokenList& list, Stream& head);
+    struct FunctionName;
+    bool findFunctionName(const TokenList& list, std::size_t parenIndex, FunctionName& name);
+    bool findOperatorName(const TokenList& list, FunctionName& name);
+    void extendName(const TokenList& list, FunctionName& name);
+    ExprNode* parseExceptionSpec(Stream& head);
+    ExprNode* parsePureSpec(Stream& head);
+    ParameterListNode* parseParameterList(Stream& s, bool templateMode);
+    InitializerListNode* parseInitializerList(Stream& s);
+    InitializerNode* parseInitializer(Stream& s);
+    TextNode* parseQualifiers(Stream& s);
+
+    // --- data declarations (Cpp_Parser_Data.cpp) ---
+    DataDeclNode* parseDataDeclaration(Stream& s, bool bitFieldsAllowed);
+    FunctionPtrDeclNode* parseFunctionPointer(Stream& s);
+
+    // --- statements and blocks (Cpp_Parser_Statements.cpp) ---
+    BlockNode* parseBlock(Stream& s);
+    void parseBlockContent(Stream& s, BlockNode& node);
+    void parseBlockTurn(Stream& s, BlockNode& node, const Trn::Token& t, int& depth);
+    void parseIdentifierStatement(Stream& s, BlockNode& node);
+    void declarationOrExpression(Stream& s, BlockNode& node);
+    ExprNode* parseExpression(Stream& s);
+    CtrlStmtNode* parseControlStatement(Stream& s);
+    CtrlSubStmtNode* parseSubStatement(Stream& s);
+    CtrlSubStmtHeadNode* parseHead(Stream& s);
+    CaseNode* parseCase(Stream& s);
+    LabelNode* parseLabel(Stream& s);
+    AsmNode* parseAsm(Stream& s);
+
     Trn::FormatMessageList m_messages;
+    Trn::Position m_lastPosition; // of the last real token taken, for messages at end of input
+    int m_nesting = 0;
+    bool m_tooDeep = false;
 };
+
+// Word tests of the parser's own vocabulary.
+bool isExtensionWord(const Trn::Token& token); // __based _based __assume __declspec
+bool isAsmWord(const Trn::Token& token);       // asm _asm __asm asm_ asm__ _asm_ __asm__ ___asm
+bool isInterruptWord(const Trn::Token& token); // interrupt
+// An IDENTIFIER, OPERATOR_KEY, NEW_KEY or DELETE_KEY longer than 2 characters
+// that starts or ends with "::".
+bool isQualifiedName(const Trn::Token& token);
 
 } // namespace Cpp
 

@@ -9,8 +9,7 @@ namespace Cpp {
 class RootNode : public InteriorNode {
 public:
     RootNode() = default;
-    RootNode(const RootNode&) = default;
-    RootNode& operator=(const RootNode&) = default;
+    TW_NODE_COPYABLE(RootNode);
 
     void accept(Emitter& emitter) override;
     SyntaxNode* clone() const override;

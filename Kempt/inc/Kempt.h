@@ -8,6 +8,7 @@
 #ifndef KEMPT_H
 #define KEMPT_H
 
+#include "Kempt_Analysis.h"
 #include "Kempt_FormatEngine.h"
 #include "Kempt_FormatMessage.h"
 #include "Kempt_FormatSettings.h"

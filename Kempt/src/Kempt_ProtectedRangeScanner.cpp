@@ -3,6 +3,7 @@
 
 #include "Cpp_CommentText.h"
 #include "Cpp_Lexer.h"
+#include "Cpp_NodeRangeRemover.h"
 #include "Cpp_RootNode.h"
 #include "Varnel_IMemBuf.h"
 #include "Varnel_Text.h"
@@ -107,8 +108,12 @@ Trn::RangeList ProtectedRangeScanner::findRanges(std::string_view text) const
 
 Trn::RangeList ProtectedRangeScanner::scan(std::string_view text, Cpp::RootNode& root) const
 {
-    (void)root;
-    return findRanges(text);
+    Trn::RangeList ranges = findRanges(text);
+    if (!ranges.empty()) {
+        Cpp::NodeRangeRemover remover(ranges);
+        root.accept(remover);
+    }
+    return ranges;
 }
 
 } // namespace Kempt

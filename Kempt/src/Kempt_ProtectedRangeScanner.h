@@ -33,9 +33,10 @@ public:
     // The fenced ranges of a text, in text order.
     Trn::RangeList findRanges(std::string_view text) const;
 
-    // Finds the ranges of `text` for the tree parsed from it. The tree of this
-    // build holds no nodes that a range could fold, so the ranges are returned
-    // for the caller; a region inside them is copied as it stands.
+    // Finds the ranges of `text` and folds the nodes of `root`, the tree
+    // parsed from it, that lie in them: each run of them becomes one
+    // protected comment, which every pass copies as it stands. Returns the
+    // ranges.
     Trn::RangeList scan(std::string_view text, Cpp::RootNode& root) const;
 
 private:

@@ -82,13 +82,26 @@ Token TokenStream::peek(std::int32_t n)
     for (std::int32_t i = 1; i < n; ++i) {
         if (m_index == EXHAUSTED)
             break;
-        kept.push_back(get());
+        Token taken = get();
+        if (m_index == EXHAUSTED)
+            break;
+        kept.push_back(std::move(taken));
     }
     const Token* t = current();
     Token answer = t ? *t : endOfFile();
     for (auto it = kept.rbegin(); it != kept.rend(); ++it)
         putBack(*it);
     return answer;
+}
+
+const Token& TokenStream::peekInList(std::int32_t n) const
+{
+    TW_REQUIRE(n > 0);
+    TW_REQUIRE(m_lexer == nullptr);
+    if (m_index == EXHAUSTED)
+        return endOfFile();
+    const auto place = static_cast<std::size_t>(m_index) + static_cast<std::size_t>(n - 1);
+    return place < m_buffer.size() ? m_buffer[place] : endOfFile();
 }
 
 bool TokenStream::stepBack()

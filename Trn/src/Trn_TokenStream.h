@@ -41,6 +41,13 @@ public:
     void unget();
     void putBack(const Token& token);
 
+    // True for a stream over a saved list.
+    bool overList() const { return m_lexer == nullptr; }
+    // On a stream over a list: the token that peek(n) gives, read in place
+    // without stepping through the list and back. Contract: n > 0, and the
+    // stream is over a list.
+    const Token& peekInList(std::int32_t n) const;
+
     // For tests and diagnostics.
     std::int32_t index() const { return m_index; }
     std::size_t bufferSize() const { return m_buffer.size(); }

@@ -17,6 +17,11 @@ namespace App {
 bool formatText(const std::string& label, std::istream& in, std::ostream& out, std::ostream& errors,
                 const Kempt::PropertySet& properties, Kempt::UpdateFunctor& update);
 
+// Writes the syntax tree of the text to `out`, one node per line, as a pass
+// sees it (fenced regions folded). A text that does not parse writes its
+// message lines to `errors` instead, and the result is false.
+bool dumpTreeText(const std::string& label, std::istream& in, std::ostream& out, std::ostream& errors);
+
 } // namespace App
 
 #endif

@@ -66,6 +66,31 @@ TEST(InteriorNodeTest, AddIgnoresNullAndRefusesDuplicates)
     EXPECT_EQ(root.size(), 1u);
 }
 
+TEST(InteriorNodeTest, LongListsRefuseDuplicatesToo)
+{
+    Cpp::RootNode root;
+    std::vector<SpanNode*> children;
+    for (int i = 0; i < 100; ++i) {
+        children.push_back(new SpanNode({i + 1, 1}, {i + 1, 2}));
+        root.add(children.back());
+    }
+    EXPECT_THROW(root.add(children[3]), Trn::AlreadyExistsException);
+    EXPECT_THROW(root.add(children[99]), Trn::AlreadyExistsException);
+    // A slot rewritten through an iterator is seen by the next add.
+    auto* replacement = new SpanNode({5, 1}, {5, 2});
+    auto slot = root.childrenBegin() + 4;
+    delete *slot;
+    *slot = replacement;
+    EXPECT_THROW(root.add(replacement), Trn::AlreadyExistsException);
+    root.erase(root.childrenBegin(), root.childrenBegin() + 1);
+    EXPECT_EQ(root.size(), 99u);
+    auto* fresh = new SpanNode({200, 1}, {200, 2});
+    root.add(fresh);
+    EXPECT_THROW(root.add(fresh), Trn::AlreadyExistsException);
+    EXPECT_EQ(root.size(), 100u);
+    delete children[0]; // erased from the list above, so not owned by it
+}
+
 TEST(InteriorNodeTest, OwnsAndDeepCopiesChildren)
 {
     SpanNode::live = 0;

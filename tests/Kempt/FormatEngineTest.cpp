@@ -1,5 +1,6 @@
-// The format driver: pass sequence, progress and cancellation, whole-text
-// fidelity while the passes print the text as it stands.
+// The format driver: pass sequence, progress and cancellation, the analysis
+// that ends a run on a text that does not parse, and whole-text fidelity while
+// the passes print the text as it stands.
 #include "Kempt.h"
 #include "Varnel_Contract.h"
 
@@ -93,7 +94,7 @@ TEST(FormatEngineTest, OneBraceStyleIsEnoughForTheRewritePass)
 {
     RecordingObserver observer;
     Kempt::UpdateFunctor none;
-    format("x", withBraceStyles(0, 0, 2, false), none, &observer);
+    format("x;", withBraceStyles(0, 0, 2, false), none, &observer);
     EXPECT_EQ(observer.passes, (std::vector<PassKind>{PassKind::REWRITE, PassKind::FORMAT}));
 }
 
@@ -112,7 +113,7 @@ TEST(FormatEngineTest, BraceStyleOutsideRangeViolatesContract)
 TEST(FormatEngineTest, ProgressTextsInOrder)
 {
     RecordingUpdate update;
-    format("x", withBraceStyles(1, 1, 1, true), update);
+    format("x;", withBraceStyles(1, 1, 1, true), update);
     EXPECT_EQ(update.calls, (std::vector<std::string>{"Analyzing file:\n%s", "Formatting file:\n%s"}));
 }
 
@@ -150,27 +151,79 @@ TEST(FormatEngineTest, EmptyInputGivesEmptyOutputAndNoMessages)
 
 TEST(FormatEngineTest, TextPassesByteForByte)
 {
-    std::string junk;
-    for (int i = 0; i < 70000; ++i)
-        junk += static_cast<char>((i * 131 + 7) % 256);
     for (const std::string& text : {std::string("int main()\r\n{\r\n\treturn 0;\r\n}\r\n"),
-                                    std::string("a\rb\r\r\n"), std::string("no newline at end"), junk,
-                                    std::string("// TW-FORMAT-OFF\nint   x;\n// TW-FORMAT-ON\n")}) {
+                                    std::string("a;\rb;\r\r\n"), std::string("int x; // no newline at end"),
+                                    std::string("#if 0\n\x01\x02\xff junk {{{\n#endif\n"),
+                                    std::string("// TW-FORMAT-OFF\nint   x;\n// TW-FORMAT-ON\n"),
+                                    std::string("// TIDEWRIGHT-OFF\n}}} ((( \n// TIDEWRIGHT-ON\n")}) {
         const RunResult run = format(text, withBraceStyles(1, 1, 1, true));
-        EXPECT_EQ(run.result, 0);
+        EXPECT_EQ(run.result, 0) << text;
+        EXPECT_TRUE(run.messages.empty()) << text;
         EXPECT_EQ(run.out, text);
     }
 }
 
+TEST(FormatEngineTest, TextThatDoesNotParseEndsTheRunWithItsMessagesInOrder)
+{
+    RecordingObserver observer;
+    Kempt::UpdateFunctor none;
+    const RunResult run =
+        format("void f()\n{\n  public: x();\n  protected: y();\n}\n", withBraceStyles(1, 0, 0, true), none, &observer);
+    EXPECT_EQ(run.result, 2);
+    EXPECT_TRUE(run.out.empty());
+    EXPECT_EQ(observer.passes, std::vector<PassKind>{PassKind::REWRITE});
+    ASSERT_EQ(run.messages.size(), 2u);
+    EXPECT_EQ(run.messages.front(), Kempt::FormatMessage::coded(8, Trn::Position(3, 3)));
+    EXPECT_EQ(run.messages.back(), Kempt::FormatMessage::coded(8, Trn::Position(4, 3)));
+    EXPECT_EQ(run.messages.front().severity, 3);
+}
+
+TEST(FormatEngineTest, MessagesAreAppendedBehindTheCallersAndCounted)
+{
+    std::istringstream in("int x");
+    std::ostringstream out;
+    FormatMessageList messages{Kempt::FormatMessage(1, Trn::Position(), 0, "earlier")};
+    Kempt::UpdateFunctor none;
+    EXPECT_EQ(FormatEngine().format(FormatSettings(), in, out, messages, none), 3);
+    ASSERT_EQ(messages.size(), 3u);
+    EXPECT_EQ(messages.front().text, "earlier");
+    EXPECT_EQ(std::next(messages.begin())->code, 1);
+    EXPECT_EQ(messages.back().code, 7);
+    EXPECT_TRUE(out.str().empty());
+}
+
+TEST(FormatEngineTest, TextWithOnlyACodeTwoConditionFormatsWithoutMessages)
+{
+    // `MACRO(x)` is taken for a bodyless function; the code 2 that says so is dropped.
+    const std::string text = "MACRO(x) int y;\n";
+    const RunResult run = format(text, withBraceStyles(1, 1, 1, true));
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(run.messages.empty());
+    EXPECT_EQ(run.out, text);
+}
+
+TEST(FormatEngineTest, BinaryJunkFailsWithPositionedMessages)
+{
+    std::string junk;
+    for (int i = 0; i < 70000; ++i)
+        junk += static_cast<char>((i * 131 + 7) % 256);
+    const RunResult run = format(junk);
+    EXPECT_NE(run.result, 0);
+    EXPECT_EQ(run.result, static_cast<std::int32_t>(run.messages.size()));
+    EXPECT_TRUE(run.out.empty());
+    for (const Kempt::FormatMessage& m : run.messages)
+        EXPECT_FALSE(m.position.isNull()) << m.text;
+}
+
 TEST(FormatEngineTest, InputIsReadFromItsCurrentPosition)
 {
-    std::istringstream in("skip-this|keep this");
+    std::istringstream in("skip-this|int keep;");
     in.ignore(10);
     std::ostringstream out;
     FormatMessageList messages;
     Kempt::UpdateFunctor none;
     EXPECT_EQ(FormatEngine().format(FormatSettings(), in, out, messages, none), 0);
-    EXPECT_EQ(out.str(), "keep this");
+    EXPECT_EQ(out.str(), "int keep;");
 }
 
 TEST(FormatEngineTest, DriverMessages)

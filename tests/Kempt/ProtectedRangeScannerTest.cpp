@@ -1,4 +1,7 @@
 // Fenced regions: comment and macro markers, nesting, prefixes.
+#include "Cpp_RootNode.h"
+#include "Cpp_TreeDump.h"
+#include "Kempt_Analysis.h"
 #include "Kempt_ProtectedRangeScanner.h"
 
 #include <gtest/gtest.h>
@@ -101,6 +104,69 @@ TEST(ProtectedRangeScannerTest, OwnMarkerListAndEmptyBeginNeverMatches)
 TEST(ProtectedRangeScannerTest, MarkerInsideStringIsNoRegion)
 {
     EXPECT_TRUE(find("s = \"// TW-FORMAT-OFF\"; t = \"// TW-FORMAT-ON\";").empty());
+}
+
+// The tree a pass walks: each fenced region is one protected comment.
+std::string analysedTree(const std::string& text)
+{
+    Cpp::RootNode root;
+    Kempt::FormatMessageList messages;
+    EXPECT_TRUE(Kempt::analyseText(text, Kempt::defaultRegionMarkers(), root, messages));
+    EXPECT_TRUE(messages.empty());
+    return Cpp::dumpTree(root);
+}
+
+TEST(ProtectedRangeScannerTest, ScanFoldsTheNodesOfACommentRegion)
+{
+    EXPECT_EQ(analysedTree("int a;\n// TW-FORMAT-OFF\nint   b;\n// TW-FORMAT-ON\nint c;\n"),
+              "RootNode 1:1-5:6\n"
+              "  DataDeclNode 1:1-1:6\n"
+              "    TypeNode 1:1-1:3\n"
+              "    IdNode 1:5-1:5 text=\"a\"\n"
+              "  CommentNode 2:1-5:0 protected=1\n"
+              "  DataDeclNode 5:1-5:6\n"
+              "    TypeNode 5:1-5:3\n"
+              "    IdNode 5:5-5:5 text=\"c\"\n");
+}
+
+TEST(ProtectedRangeScannerTest, ScanFoldsAMessageMapAndClassWizardBlocks)
+{
+    EXPECT_EQ(analysedTree("BEGIN_MESSAGE_MAP(A, B)\n  ON_X()\nEND_MESSAGE_MAP()\nint x;\n"),
+              "RootNode 1:1-4:6\n"
+              "  CommentNode 1:1-3:17 protected=1\n"
+              "  DataDeclNode 4:1-4:6\n"
+              "    TypeNode 4:1-4:3\n"
+              "    IdNode 4:5-4:5 text=\"x\"\n");
+    EXPECT_EQ(analysedTree("class A {\n  //{{AFX_DATA(A)\n  int a;\n  //}}AFX_DATA\n  int b;\n};\n"),
+              "RootNode 1:1-6:2\n"
+              "  ClassDeclNode 1:1-6:2\n"
+              "    ClassHeadNode 1:1-1:7\n"
+              "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+              "    ClassBodyNode 1:9-6:1\n"
+              "      CommentNode 2:3-5:0 protected=1\n"
+              "      DataDeclNode 5:3-5:8\n"
+              "        TypeNode 5:3-5:5\n"
+              "        IdNode 5:7-5:7 text=\"b\"\n");
+}
+
+TEST(ProtectedRangeScannerTest, UnclosedRegionFoldsNothing)
+{
+    EXPECT_EQ(analysedTree("// TW-FORMAT-OFF\nint b;\n"), "RootNode 1:1-2:6\n"
+                                                              "  CommentNode 1:1-2:0 text=\"// TW-FORMAT-OFF\\n\"\n"
+                                                              "  DataDeclNode 2:1-2:6\n"
+                                                              "    TypeNode 2:1-2:3\n"
+                                                              "    IdNode 2:5-2:5 text=\"b\"\n");
+}
+
+TEST(ProtectedRangeScannerTest, AnalysisOfATextThatDoesNotParse)
+{
+    Cpp::RootNode root;
+    Kempt::FormatMessageList messages;
+    EXPECT_FALSE(Kempt::analyseText("int x", Kempt::defaultRegionMarkers(), root, messages));
+    EXPECT_EQ(messages.size(), 2u);
+    messages.clear();
+    EXPECT_TRUE(Kempt::analyseText("F(x) int y;", Kempt::defaultRegionMarkers(), root, messages));
+    EXPECT_TRUE(messages.empty());
 }
 
 } // namespace

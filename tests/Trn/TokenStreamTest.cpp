@@ -204,6 +204,29 @@ TEST(TokenStreamTest, ListStreamPeekPastTheEndLosesNothing)
     EXPECT_EQ(stream.get().type(), -1);
 }
 
+TEST(TokenStreamTest, ListStreamPeekPastTheEndKeepsWhatWasRead)
+{
+    Trn::TokenStream stream(listOf(3));
+    stream.get();
+    EXPECT_EQ(stream.peek(5).type(), -1);
+    stream.unget();
+    for (int i = 1; i <= 3; ++i)
+        EXPECT_EQ(stream.get().type(), i);
+    EXPECT_EQ(stream.get().type(), -1);
+}
+
+TEST(TokenStreamTest, PeekInListReadsInPlace)
+{
+    Trn::TokenStream stream(listOf(3));
+    EXPECT_TRUE(stream.overList());
+    stream.get();
+    EXPECT_EQ(stream.peekInList(1).type(), 2);
+    EXPECT_EQ(stream.peekInList(2).type(), 3);
+    EXPECT_EQ(stream.peekInList(3).type(), -1);
+    EXPECT_EQ(stream.index(), 1);
+    EXPECT_THROW(stream.peekInList(0), Varnel::ContractViolation);
+}
+
 TEST(TokenStreamTest, UngetAfterListEndGivesLastToken)
 {
     Trn::TokenStream stream(listOf(2));

@@ -102,6 +102,7 @@ TEST_F(CliTest, VersionAndHelp)
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("--scheme-file"), std::string::npos);
     EXPECT_NE(help.out.find("--dump-tokens"), std::string::npos);
+    EXPECT_NE(help.out.find("--dump-tree"), std::string::npos);
 }
 
 TEST_F(CliTest, UnknownOptionIsUsageError)
@@ -126,7 +127,8 @@ TEST_F(CliTest, UnreadableFileIsUsageErrorNamingIt)
 TEST_F(CliTest, StandardInputPassesUnchanged)
 {
     for (const std::string& text : {std::string("int main()\r\n{\r\n\treturn 0;\r\n}\r\n"), std::string(""),
-                                    std::string("\x01\x02\xff\xfe junk \"unterminated\n'"), std::string("x")}) {
+                                    std::string("#if 0\n\x01\x02\xff\xfe junk \"unterminated\n'\n#endif\n"),
+                                    std::string("x;")}) {
         const Result r = run({}, text);
         EXPECT_EQ(r.status, 0);
         EXPECT_EQ(r.out, text);
@@ -213,16 +215,86 @@ TEST_F(CliTest, ContractViolationIsReportedAndTheInputFails)
     EXPECT_NE(r.err.find("<stdin>"), std::string::npos) << r.err;
 }
 
-TEST_F(CliTest, CancelledOrFailedRunPrintsMessageLinesOnStandardError)
+TEST_F(CliTest, FileThatDoesNotParsePrintsMessageLinesOnStandardError)
 {
     // A failed run prints nothing on standard output; the message lines have
-    // the form path(line) : severity: col N: text. With no parser messages
-    // possible yet, a contract failure stands in for a failed input.
-    const fs::path a = file("a.cpp", "int x;\n");
-    const Result r = run({"--scheme-file", DATA + "/schemes/bad-brace-style.tws", a.string()});
+    // the form path(line) : severity: col N: text.
+    const fs::path a = file("a.cpp", "void f()\n{\n    public:\n}\n");
+    const fs::path b = file("b.cpp", "int b;\n");
+    const Result r = run({a.string(), b.string()});
     EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "int b;\n");
+    EXPECT_EQ(r.err, a.string() + "(3) : error: col 5: public: protected: private: labels are not allowed inside block "
+                                  "statements.\n");
+}
+
+TEST_F(CliTest, DumpTreeShowsTheShapeOfEachInput)
+{
+    EXPECT_EQ(run({"--dump-tree"}, "foo(a, b);").out, "RootNode 1:1-1:10\n"
+                                                      "  FunctionDeclNode 1:1-1:10\n"
+                                                      "    FunctionHeadNode 1:1-1:10\n"
+                                                      "      IdNode 1:1-1:3 text=\"foo\"\n"
+                                                      "      ParameterListNode 1:4-1:9\n"
+                                                      "        ParameterNode 1:5-1:5\n"
+                                                      "        ParameterNode 1:8-1:8\n");
+    EXPECT_EQ(run({"--dump-tree"}, "int x = f(1);").out, "RootNode 1:1-1:13\n"
+                                                         "  DataDeclNode 1:1-1:13\n"
+                                                         "    TypeNode 1:1-1:3\n"
+                                                         "    IdNode 1:5-1:5 text=\"x\"\n"
+                                                         "    ExprNode 1:7-1:13\n");
+    EXPECT_EQ(run({"--dump-tree"}, "int (*f)(int);").out, "RootNode 1:1-1:14\n"
+                                                          "  FunctionPtrDeclNode 1:1-1:14\n"
+                                                          "    TypeNode 1:1-1:3\n"
+                                                          "    IdNode 1:5-1:8 text=\"( * f )\"\n"
+                                                          "    ParameterListNode 1:9-1:13\n"
+                                                          "      ParameterNode 1:10-1:12\n");
+    EXPECT_EQ(run({"--dump-tree"}, "#if 0\n} junk {\n#endif\n").out, "RootNode 1:1-4:0\n"
+                                                                     "  PreprocDirectiveNode 1:1-4:0\n");
+    EXPECT_EQ(run({"--dump-tree"}, "/* TIDEWRIGHT-OFF */ {{ /* TIDEWRIGHT-ON */").out,
+              "RootNode 1:1-1:43\n"
+              "  CommentNode 1:1-1:43 protected=1\n");
+    EXPECT_EQ(run({"--dump-tree"}, "class A {\npublic:\n};").out,
+              "RootNode 1:1-3:2\n"
+              "  ClassDeclNode 1:1-3:2\n"
+              "    ClassHeadNode 1:1-1:7\n"
+              "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+              "    ClassBodyNode 1:9-3:1\n"
+              "      AccessSpecNode 2:1-2:7 kind=1 text=\"public\"\n");
+    const std::string ifElse = run({"--dump-tree"}, "void f() { if (a) b; else c; }").out;
+    EXPECT_NE(ifElse.find("      CtrlStmtNode 1:12-1:28\n"
+                          "        CtrlSubStmtNode 1:12-1:20\n"),
+              std::string::npos)
+        << ifElse;
+    EXPECT_NE(ifElse.find("        CtrlSubStmtNode 1:22-1:28\n"), std::string::npos) << ifElse;
+}
+
+TEST_F(CliTest, DumpTreeAndDumpTokensExcludeEachOther)
+{
+    const Result r = run({"--dump-tree", "--dump-tokens"}, "int x;");
+    EXPECT_EQ(r.status, 2);
     EXPECT_EQ(r.out, "");
-    EXPECT_NE(r.err.find(a.string()), std::string::npos);
+}
+
+TEST_F(CliTest, DumpTreeFoldsFencedRegions)
+{
+    EXPECT_EQ(run({"--dump-tree"}, "// TW-FORMAT-OFF\nint   x;\n// TW-FORMAT-ON\n").out,
+              "RootNode 1:1-4:0\n"
+              "  CommentNode 1:1-4:0 protected=1\n");
+}
+
+TEST_F(CliTest, DumpTreeOfAFileThatDoesNotParse)
+{
+    const fs::path bad = file("bad.cpp", "void f() { public: x; }\n");
+    const fs::path good = file("good.cpp", "int x;\n");
+    const Result r = run({"--dump-tree", bad.string(), good.string()});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "RootNode 1:1-1:6\n"
+                     "  DataDeclNode 1:1-1:6\n"
+                     "    TypeNode 1:1-1:3\n"
+                     "    IdNode 1:5-1:5 text=\"x\"\n");
+    EXPECT_EQ(r.err, bad.string()
+                         + "(1) : error: col 12: public: protected: private: labels are not allowed inside block "
+                           "statements.\n");
 }
 
 // ---------------------------------------------------------------------------

@@ -1,0 +1,689 @@
+// The parser's routines for constructs with a body of declarations: classes,
+// enums, namespaces, linkage blocks, and template heads. parseClass and
+// parseEnum run on a gathered list that ends with the closing brace; the
+// others run on the stream they are given.
+#include "Cpp_Parser.h"
+
+#include "Cpp_Nodes.h"
+#include "Cpp_ParserSupport.h"
+#include "Trn_TokenStream.h"
+
+#include <memory>
+
+namespace Cpp {
+
+using namespace ParserSupport;
+
+// The words of a class or enum head, joined as they are taken.
+struct Parser::HeadText {
+    std::string text;
+    Trn::Position begin;
+    Trn::Position end;
+    std::int32_t key = INVALID_TOKEN; // the class key, or ENUM_KEY, once seen
+    Trn::Token stop;                  // the token that ended the head
+
+    void join(const std::string& words, const Trn::Position& from, const Trn::Position& to)
+    {
+        if (!text.empty())
+            text += ' ';
+        text += words;
+        if (begin.isNull())
+            begin = from;
+        end = to;
+    }
+};
+
+// Joins the tokens of a head with single blanks, so that macro words,
+// `__declspec(...)` and template arguments stay in the name. A directive or
+// comment on the way is parsed and its text joined. The key is the first
+// class key at angle depth 0 (for an enum head: ENUM_KEY anywhere). `{` and
+// `;` stop the head, and for a class `:` too; the end of input stops it, and
+// is put back when a key was seen.
+void Parser::joinHead(Stream& s, HeadText& head, bool enumHead)
+{
+    int angle = 0;
+    for (;;) {
+        const Trn::Token t = get(s);
+        switch (t.type()) {
+        case PREPROC_DIRECTIVE: {
+            s.unget();
+            std::unique_ptr<PreprocDirectiveNode> directive(parseDirective(s));
+            head.join(t.text(), t.start(), directive ? directive->end() : t.end());
+            continue;
+        }
+        case LINE_COMMENT:
+        case BLOCK_COMMENT: {
+            s.unget();
+            std::unique_ptr<CommentNode> comment(parseComment(s));
+            head.join(t.text(), t.start(), comment ? comment->end() : t.end());
+            continue;
+        }
+        case COLON:
+            if (enumHead)
+                break; // `enum E : int {`
+            [[fallthrough]];
+        case LBRACE:
+        case SEMICOLON:
+            s.unget();
+            head.stop = t;
+            return;
+        case END_OF_FILE:
+        case INVALID_TOKEN:
+            if (head.key != INVALID_TOKEN)
+                s.unget();
+            head.stop = t;
+            return;
+        case LESS_THAN: ++angle; break;
+        case GREATER_THAN:
+            if (angle > 0)
+                --angle;
+            break;
+        case CLASS_KEY:
+        case STRUCT_KEY:
+        case UNION_KEY:
+            if (!enumHead && angle == 0 && head.key == INVALID_TOKEN)
+                head.key = t.type();
+            break;
+        case ENUM_KEY:
+            if (enumHead)
+                head.key = ENUM_KEY;
+            break;
+        default: break;
+        }
+        head.join(t.text(), t.start(), t.end());
+    }
+}
+
+// ---------------------------------------------------------------------------
+// Classes.
+
+ClassDeclNode* Parser::parseClass(Stream& s)
+{
+    std::unique_ptr<ClassHeadNode> head(parseClassHead(s));
+    if (!head)
+        return nullptr;
+    // `class A;` has no body.
+    if (peekAt(s, 1).type() != LBRACE)
+        return new ClassDeclNode(head.release(), nullptr);
+    ClassBodyNode* body = parseClassBody(s);
+    if (!body)
+        return nullptr;
+    return new ClassDeclNode(head.release(), body);
+}
+
+ClassHeadNode* Parser::parseClassHead(Stream& s)
+{
+    std::unique_ptr<ClassNameNode> name(parseClassName(s));
+    if (!name)
+        return nullptr;
+    skipDiscardable(s);
+    if (peekAt(s, 1).type() != COLON)
+        return new ClassHeadNode(name.release(), nullptr);
+    get(s);
+    const std::size_t messagesBefore = m_messages.size();
+    BaseClauseListNode* bases = parseBaseClauses(s);
+    if (!bases && m_messages.size() != messagesBefore)
+        return nullptr;
+    return new ClassHeadNode(name.release(), bases);
+}
+
+ClassNameNode* Parser::parseClassName(Stream& s)
+{
+    skipDiscardable(s);
+    HeadText head;
+    joinHead(s, head, false);
+    if (head.key == INVALID_TOKEN) {
+        compose("Expected an identifier for the class name.", head.stop);
+        return nullptr;
+    }
+    return new ClassNameNode(head.key, head.text, head.begin, head.end);
+}
+
+BaseClauseListNode* Parser::parseBaseClauses(Stream& s)
+{
+    auto list = std::make_unique<BaseClauseListNode>();
+    for (;;) {
+        const Trn::Token t = peekAt(s, 1);
+        switch (t.type()) {
+        case PREPROC_DIRECTIVE: list->add(parseDirective(s)); continue;
+        case LINE_COMMENT:
+        case BLOCK_COMMENT: list->add(parseComment(s)); continue;
+        case COMMA: get(s); continue;
+        case LBRACE: break;
+        case END_OF_FILE:
+        case INVALID_TOKEN: report(1, t); return nullptr;
+        default: {
+            BaseClauseNode* clause = parseBaseClause(s);
+            if (!clause)
+                return nullptr;
+            list->add(clause);
+            continue;
+        }
+        }
+        break;
+    }
+    if (list->empty())
+        return nullptr;
+    return list.release();
+}
+
+// `public virtual B<C, D>`
+BaseClauseNode* Parser::parseBaseClause(Stream& s)
+{
+    std::int32_t access = BaseClauseNode::NO_ACCESS;
+    bool isVirtual = false;
+    TokenList pieces;
+    Trn::Position begin;
+    Trn::Position end;
+    auto mark = [&](const Trn::Token& t) {
+        if (begin.isNull())
+            begin = t.start();
+        end = t.end();
+    };
+    for (;;) {
+        skipDiscardable(s);
+        const Trn::Token t = get(s);
+        switch (t.type()) {
+        case PUBLIC_KEY:
+        case PROTECTED_KEY:
+        case PRIVATE_KEY:
+            if (access != BaseClauseNode::NO_ACCESS || !pieces.empty()) {
+                compose("Not expecting to find keyword \"" + t.text() + "\"", t);
+                return nullptr;
+            }
+            access = t.type();
+            mark(t);
+            continue;
+        case VIRTUAL_KEY:
+            if (!pieces.empty()) {
+                compose("Not expecting to find keyword \"virtual\"", t);
+                return nullptr;
+            }
+            isVirtual = true;
+            mark(t);
+            continue;
+        case IDENTIFIER:
+        case ASTERISK:
+        case AMPERSAND:
+            pieces.push_back(t);
+            mark(t);
+            continue;
+        // Template arguments, commas and all, to the balancing ">".
+        case LESS_THAN: {
+            pieces.push_back(t);
+            mark(t);
+            for (int depth = 1; depth > 0;) {
+                const Trn::Token u = get(s);
+                if (isEnd(u)) {
+                    report(1, u);
+                    return nullptr;
+                }
+                pieces.push_back(u);
+                mark(u);
+                if (u.type() == LESS_THAN)
+                    ++depth;
+                else if (u.type() == GREATER_THAN)
+                    --depth;
+            }
+            continue;
+        }
+        case COMMA:
+        case LBRACE:
+            s.unget();
+            // A clause must name its class: `class A : public {` does not.
+            if (pieces.empty()) {
+                compose("Unexpected Token: \"" + t.text() + "\"", t);
+                return nullptr;
+            }
+            return new BaseClauseNode(access, isVirtual, joinTexts(pieces, 0, pieces.size() - 1), begin, end);
+        default: compose("Unexpected Token: \"" + t.text() + "\"", t); return nullptr;
+        }
+    }
+}
+
+ClassBodyNode* Parser::parseClassBody(Stream& s)
+{
+    const Trn::Token open = get(s);
+    if (open.type() != LBRACE) {
+        s.unget();
+        compose("Expected: \"{\".", open);
+        return nullptr;
+    }
+    auto body = std::make_unique<ClassBodyNode>();
+    body->setBegin(open.start());
+    collectDiscardable(s, *body);
+    int depth = 1;
+    while (!m_tooDeep) {
+        collectDiscardable(s, *body);
+        const Trn::Token t = peekAt(s, 1);
+        switch (t.type()) {
+        case SEMICOLON: get(s); break;
+        case LBRACE:
+            get(s);
+            ++depth;
+            break;
+        case RBRACE:
+            get(s);
+            if (--depth == 0) {
+                body->setEnd(t.end());
+                return body.release();
+            }
+            break;
+        case PUBLIC_KEY:
+        case PRIVATE_KEY:
+        case PROTECTED_KEY: body->add(parseAccessSpec(s)); break;
+        case NAMESPACE_KEY:
+            compose("Namespace declaration illegal inside class declaration.", t);
+            get(s);
+            break;
+        case USING_KEY: skipToCollecting(s, *body, SEMICOLON); break;
+        case TEMPLATE_KEY: body->add(parseTemplate(s)); break;
+        case EXTERN_KEY: body->add(parseExtern(s)); break;
+        case END_OF_FILE:
+        case INVALID_TOKEN: report(1, t); return nullptr;
+        case IDENTIFIER:
+            // A macro used as a label: `signals:`
+            if (peekAt(s, 2).type() == COLON) {
+                body->add(parseAccessSpec(s));
+                break;
+            }
+            [[fallthrough]];
+        default:
+            if (!parseMemberDeclaration(s, *body, true))
+                return nullptr;
+            break;
+        }
+        ensureProgress(s, t);
+    }
+    return nullptr;
+}
+
+bool Parser::parseMemberDeclaration(Stream& s, InteriorNode& node, bool bitFieldsAllowed)
+{
+    const Trn::Token first = peekAt(s, 1);
+    bool isTypeBody = false;
+    SyntaxNode* declaration = parseDeclaration(s, isTypeBody, bitFieldsAllowed);
+    if (!declaration) {
+        report(7, first);
+        return false;
+    }
+    addWithSemicolon(s, node, declaration, isTypeBody);
+    return true;
+}
+
+// `public:`, `public slots:`, `signals:`
+AccessSpecNode* Parser::parseAccessSpec(Stream& s)
+{
+    skipDiscardable(s);
+    const Trn::Token t = get(s);
+    const std::int32_t type = t.type();
+    if (type == IDENTIFIER && peekAt(s, 1).type() != COLON) {
+        report(14, t);
+        return nullptr;
+    }
+    if (type != IDENTIFIER && !isAccessKey(type)) {
+        s.unget();
+        report(14, t);
+        return nullptr;
+    }
+    std::string text = t.text();
+    bool extended = false;
+    if (isAccessKey(type)) {
+        while (peekAt(s, 1).type() == IDENTIFIER) {
+            text += ' ' + get(s).text();
+            extended = true;
+        }
+    }
+    const Trn::Token colon = get(s);
+    if (colon.type() != COLON) {
+        compose("Expected ':' Found: " + colon.text(), colon);
+        s.unget();
+        return nullptr;
+    }
+    return new AccessSpecNode(type, text, extended, t.start(), colon.end());
+}
+
+// ---------------------------------------------------------------------------
+// Enums.
+
+EnumDeclNode* Parser::parseEnum(Stream& s)
+{
+    std::unique_ptr<EnumHeadNode> head(parseEnumHead(s));
+    if (!head)
+        return nullptr;
+    EnumBodyNode* body = parseEnumBody(s);
+    if (!body)
+        return nullptr;
+    return new EnumDeclNode(head.release(), body);
+}
+
+EnumHeadNode* Parser::parseEnumHead(Stream& s)
+{
+    skipDiscardable(s);
+    HeadText head;
+    joinHead(s, head, true);
+    if (head.key != ENUM_KEY) {
+        compose("Expected \"enum\".", head.stop);
+        return nullptr;
+    }
+    return new EnumHeadNode(head.text, head.begin, head.end);
+}
+
+// One ExprNode per enumerator, without its comma; comments and directives
+// close the enumerator before them and are attached in order.
+EnumBodyNode* Parser::parseEnumBody(Stream& s)
+{
+    const Trn::Token open = get(s);
+    if (open.type() != LBRACE) {
+        s.unget();
+        compose("Expected: \"{\".", open);
+        return nullptr;
+    }
+    auto body = std::make_unique<EnumBodyNode>();
+    body->setBegin(open.start());
+    bool pending = false;
+    Trn::Position pendingBegin;
+    Trn::Position pendingEnd;
+    auto close = [&] {
+        if (pending)
+            body->add(new ExprNode(pendingBegin, pendingEnd));
+        pending = false;
+    };
+    auto extend = [&](const Trn::Token& t) {
+        if (!pending)
+            pendingBegin = t.start();
+        pending = true;
+        pendingEnd = t.end();
+    };
+    for (int depth = 1;;) {
+        const Trn::Token t = get(s);
+        switch (t.type()) {
+        case PREPROC_DIRECTIVE:
+            close();
+            s.unget();
+            body->add(parseDirective(s));
+            break;
+        case LINE_COMMENT:
+        case BLOCK_COMMENT:
+            close();
+            s.unget();
+            body->add(parseComment(s));
+            break;
+        case COMMA: close(); break;
+        case LBRACE:
+            ++depth;
+            extend(t);
+            break;
+        case RBRACE:
+            if (--depth == 0) {
+                body->setEnd(t.end());
+                close();
+                return body.release();
+            }
+            extend(t);
+            break;
+        case CLASS_KEY:
+        case STRUCT_KEY:
+        case ENUM_KEY:
+        case UNION_KEY:
+            s.unget();
+            compose("Expected \"}\" first to close enum declaration.", peekAt(s, 1));
+            return nullptr;
+        case EXTERN_KEY:
+            if (peekAt(s, 1).type() == STRING_LITERAL)
+                get(s);
+            break;
+        case END_OF_FILE:
+        case INVALID_TOKEN: report(1, t); return nullptr;
+        default: extend(t); break;
+        }
+    }
+}
+
+// ---------------------------------------------------------------------------
+// Namespaces.
+
+NamespaceDeclNode* Parser::parseNamespace(Stream& s)
+{
+    NestingGuard nesting(*this, peekAt(s, 1));
+    if (nesting.tooDeep())
+        return nullptr;
+    skipDiscardable(s);
+    const Trn::Token keyword = get(s);
+    if (keyword.type() != NAMESPACE_KEY) {
+        s.unget();
+        compose("Expected \"namespace\".", keyword);
+        return nullptr;
+    }
+    // `namespace fs = std::filesystem;` has no node.
+    if (peekAt(s, 1).type() == IDENTIFIER && peekAt(s, 2).type() == EQUALS) {
+        skipTo(s, SEMICOLON);
+        return nullptr;
+    }
+    s.unget();
+    std::unique_ptr<NamespaceHeadNode> head(parseNamespaceHead(s));
+    skipDiscardable(s);
+    NamespaceBodyNode* body = parseNamespaceBody(s);
+    if (!body)
+        return nullptr;
+    return new NamespaceDeclNode(head.release(), body);
+}
+
+NamespaceHeadNode* Parser::parseNamespaceHead(Stream& s)
+{
+    const Trn::Token keyword = get(s);
+    if (peekAt(s, 1).type() != IDENTIFIER)
+        return new NamespaceHeadNode(std::string(), keyword.start(), keyword.end());
+    const Trn::Token name = get(s);
+    return new NamespaceHeadNode(name.text(), keyword.start(), name.end());
+}
+
+NamespaceBodyNode* Parser::parseNamespaceBody(Stream& s)
+{
+    const Trn::Token open = get(s);
+    if (open.type() != LBRACE) {
+        s.unget();
+        compose("Expected:: \"{\".", open);
+        return nullptr;
+    }
+    auto body = std::make_unique<NamespaceBodyNode>();
+    body->setBegin(open.start());
+    int depth = 1;
+    while (!m_tooDeep) {
+        collectDiscardable(s, *body);
+        const Trn::Token t = peekAt(s, 1);
+        switch (t.type()) {
+        case SEMICOLON: get(s); break;
+        case LBRACE:
+            get(s);
+            ++depth;
+            break;
+        case RBRACE:
+            get(s);
+            if (--depth == 0) {
+                body->setEnd(t.end());
+                return body.release();
+            }
+            break;
+        case NAMESPACE_KEY: parseNestedNamespace(s, *body); break;
+        case USING_KEY: skipToCollecting(s, *body, SEMICOLON); break;
+        case TEMPLATE_KEY: body->add(parseTemplate(s)); break;
+        case EXTERN_KEY: body->add(parseExtern(s)); break;
+        case END_OF_FILE:
+        case INVALID_TOKEN: report(1, t); return nullptr;
+        default:
+            if (!parseMemberDeclaration(s, *body, false))
+                return nullptr;
+            break;
+        }
+        ensureProgress(s, t);
+    }
+    return nullptr;
+}
+
+// A namespace inside a namespace or linkage body. The keyword is taken first;
+// for an alias (`namespace a = b;`) the words behind it are read as the next
+// items of the body.
+void Parser::parseNestedNamespace(Stream& s, InteriorNode& body)
+{
+    const Trn::Token keyword = get(s);
+    collectDiscardable(s, body);
+    if (peekAt(s, 1).type() == IDENTIFIER && peekAt(s, 2).type() == EQUALS)
+        return;
+    s.putBack(keyword);
+    body.add(parseNamespace(s));
+}
+
+// ---------------------------------------------------------------------------
+// Templates.
+
+// `template<class T>` gives a TemplateNode, and the declaration behind it is
+// the next item of the enclosing list. `template class A<int>;`, an explicit
+// instantiation, is an expression.
+SyntaxNode* Parser::parseTemplate(Stream& s)
+{
+    skipDiscardable(s);
+    const Trn::Token keyword = get(s);
+    if (keyword.type() != TEMPLATE_KEY) {
+        compose("Expected the keyword 'template'. Got: " + keyword.text(), keyword);
+        s.unget();
+        return nullptr;
+    }
+    auto keywordNode = std::make_unique<KeywordNode>(TEMPLATE_KEY, keyword.start(), keyword.end());
+    skipDiscardable(s);
+    if (peekAt(s, 1).type() != LESS_THAN) {
+        s.putBack(keyword);
+        return parseExpression(s);
+    }
+    ParameterListNode* parameters = parseParameterList(s, true);
+    if (!parameters)
+        return nullptr;
+    return new TemplateNode(keywordNode.release(), parameters);
+}
+
+// ---------------------------------------------------------------------------
+// Linkage.
+
+// `extern "C" { ... }` is a linkage block; `extern "C" int x;` and
+// `extern int x;` are declarations.
+SyntaxNode* Parser::parseExtern(Stream& s)
+{
+    skipDiscardable(s);
+    const Trn::Token first = peekAt(s, 1);
+    if (first.type() != EXTERN_KEY) {
+        compose("Expected 'extern'. Got: " + first.text(), first);
+        return nullptr;
+    }
+    bool seenString = false;
+    for (std::int32_t n = 2;; ++n) {
+        const Trn::Token t = peekAt(s, n);
+        if (isDiscardable(t))
+            continue;
+        if (t.type() == STRING_LITERAL && !seenString) {
+            seenString = true;
+            continue;
+        }
+        if (t.type() == LBRACE)
+            return parseLinkageBlock(s);
+        break;
+    }
+    bool isTypeBody = false;
+    SyntaxNode* declaration = parseDeclaration(s, isTypeBody);
+    if (!declaration) {
+        report(7, first);
+        return nullptr;
+    }
+    if (isTypeBody && nextSignificant(s).type() == SEMICOLON)
+        declaration->setEnd(skipToSemicolon(s));
+    return declaration;
+}
+
+LinkageBlockNode* Parser::parseLinkageBlock(Stream& s)
+{
+    NestingGuard nesting(*this, peekAt(s, 1));
+    if (nesting.tooDeep())
+        return nullptr;
+    skipDiscardable(s);
+    const Trn::Token keyword = get(s);
+    if (keyword.type() != EXTERN_KEY) {
+        compose("Expected 'extern'. Got: " + keyword.text(), keyword);
+        s.unget();
+        return nullptr;
+    }
+    Trn::Position specEnd = keyword.end();
+    skipDiscardable(s);
+    if (peekAt(s, 1).type() == STRING_LITERAL)
+        specEnd = get(s).end();
+    auto spec = std::make_unique<ExprNode>(keyword.start(), specEnd);
+    skipDiscardable(s);
+    const Trn::Token open = peekAt(s, 1);
+    if (open.type() != LBRACE) {
+        compose("Expected '{'. Got: " + open.text(), open);
+        return nullptr;
+    }
+    LinkageBlockBodyNode* body = parseLinkageBody(s);
+    if (!body)
+        return nullptr;
+    return new LinkageBlockNode(spec.release(), body);
+}
+
+LinkageBlockBodyNode* Parser::parseLinkageBody(Stream& s)
+{
+    const Trn::Token open = get(s);
+    if (open.type() != LBRACE) {
+        compose("Expected '{'. Got: " + open.text(), open);
+        s.unget();
+        return nullptr;
+    }
+    auto body = std::make_unique<LinkageBlockBodyNode>();
+    body->setBegin(open.start());
+    int depth = 1;
+    while (!m_tooDeep) {
+        collectDiscardable(s, *body);
+        const Trn::Token t = peekAt(s, 1);
+        const std::int32_t type = t.type();
+        // Each of these is reported and stepped over.
+        if (isAccessKey(type)) {
+            compose("public: protected: private: labels are illegal inside linkage blocks.", t);
+            get(s);
+            continue;
+        }
+        if (type == TEMPLATE_KEY) {
+            compose("templates cannot be declared to have 'C' linkage.", t);
+            get(s);
+            continue;
+        }
+        if (isControlKeyword(type) || type == CASE_KEY || type == DEFAULT_KEY) {
+            compose("control statements (e.g. if, else, while) are illegal inside linkage blocks.", t);
+            get(s);
+            continue;
+        }
+        switch (type) {
+        case SEMICOLON: get(s); break;
+        case LBRACE:
+            get(s);
+            ++depth;
+            break;
+        case RBRACE:
+            get(s);
+            if (--depth == 0) {
+                body->setEnd(t.end());
+                return body.release();
+            }
+            break;
+        case NAMESPACE_KEY: parseNestedNamespace(s, *body); break;
+        case USING_KEY: skipToCollecting(s, *body, SEMICOLON); break;
+        case EXTERN_KEY: body->add(parseExtern(s)); break;
+        case END_OF_FILE:
+        case INVALID_TOKEN: report(1, t); return nullptr;
+        default:
+            if (!parseMemberDeclaration(s, *body, false))
+                return nullptr;
+            break;
+        }
+        ensureProgress(s, t);
+    }
+    return nullptr;
+}
+
+} // namespace Cpp

@@ -1,0 +1,673 @@
+// The parser's routines for functions: the head, found in a gathered list by
+// first finding the "(" of the parameter list and then looking back at what
+// stands before it; parameter lists (also those of templates); member
+// initialisers; qualifiers.
+#include "Cpp_Parser.h"
+
+#include "Cpp_Nodes.h"
+#include "Cpp_ParserSupport.h"
+#include "Trn_TokenStream.h"
+
+#include <memory>
+
+namespace Cpp {
+
+using namespace ParserSupport;
+
+// Where the name of a function lies in its head list: indices counted from 1,
+// as peek(n) counts them.
+struct Parser::FunctionName {
+    std::size_t first = 0;
+    std::size_t last = 0;
+};
+
+namespace {
+
+const Trn::Token& endOfList()
+{
+    static const Trn::Token EOF_TOKEN;
+    return EOF_TOKEN;
+}
+
+// The token peek(i) gives on a fresh stream over the list.
+const Trn::Token& at(const std::vector<Trn::Token>& list, std::size_t i)
+{
+    return i >= 1 && i <= list.size() ? list[i - 1] : endOfList();
+}
+
+// The index of the token before i that is neither comment nor directive; 0
+// when there is none.
+std::size_t previousSignificant(const std::vector<Trn::Token>& list, std::size_t i)
+{
+    while (i > 1) {
+        --i;
+        if (!isDiscardable(at(list, i)))
+            return i;
+    }
+    return 0;
+}
+
+// The last OPERATOR_KEY at or before i, or 0.
+std::size_t operatorKeyBack(const std::vector<Trn::Token>& list, std::size_t i)
+{
+    for (; i >= 1; --i)
+        if (at(list, i).type() == OPERATOR_KEY)
+            return i;
+    return 0;
+}
+
+// Tokens that end the name of an overloaded operator: `operator+`.
+bool isOperatorSymbol(std::int32_t type)
+{
+    switch (type) {
+    case COMMA:
+    case EQUALS:
+    case ASTERISK:
+    case AMPERSAND:
+    case SLASH:
+    case PLUS:
+    case MINUS:
+    case NOT:
+    case TILDE:
+    case ARROW:
+    case PLUS_PLUS:
+    case MINUS_MINUS:
+    case PERCENT:
+    case LEFT_SHIFT:
+    case RIGHT_SHIFT:
+    case LESS_THAN:
+    case QUESTION:
+    case ARROW_STAR:
+    case NEW_KEY:
+    case DELETE_KEY: return true;
+    default: return type >= LESS_EQUALS && type <= LOGICAL_OR;
+    }
+}
+
+bool isNameToken(const Trn::Token& t)
+{
+    const std::int32_t type = t.type();
+    return type == IDENTIFIER || type == OPERATOR_KEY || type == NEW_KEY || type == DELETE_KEY;
+}
+
+// The texts of a function's name joined with single blanks; a piece of a
+// qualification ("::operator", "A::") joins its neighbour without one, so that
+// `A::operator+` reads "A::operator +".
+std::string joinName(const std::vector<Trn::Token>& list, std::size_t first, std::size_t last)
+{
+    std::string text;
+    for (std::size_t i = first; i <= last; ++i) {
+        const Trn::Token& t = at(list, i);
+        if (isDiscardable(t))
+            continue;
+        if (!text.empty() && !t.text().starts_with("::") && !text.ends_with("::"))
+            text += ' ';
+        text += t.text();
+    }
+    return text;
+}
+
+} // namespace
+
+// ---------------------------------------------------------------------------
+// Functions.
+
+FunctionDeclNode* Parser::parseFunction(const TokenList& headList, Stream& main)
+{
+    Stream head(headList);
+    std::unique_ptr<FunctionHeadNode> functionHead(parseFunctionHead(headList, head));
+    // `A::A() : b(1), c(2, 3) { }`
+    std::unique_ptr<InitializerListNode> initializers;
+    if (functionHead && nextSignificant(head).type() == COLON) {
+        skipDiscardable(head);
+        get(head);
+        initializers.reset(parseInitializerList(head));
+    }
+    std::unique_ptr<BlockNode> block;
+    const Trn::Token next = peekAt(main, 1);
+    if (isDiscardable(next) && nextSignificant(main).type() == LBRACE) {
+        skipDiscardable(main);
+        block.reset(parseBlock(main));
+    } else if (next.type() == LBRACE) {
+        block.reset(parseBlock(main));
+    }
+    if (!functionHead)
+        return nullptr;
+    if (initializers)
+        return new CtorDeclNode(functionHead.release(), block.release(), initializers.release());
+    return new FunctionDeclNode(functionHead.release(), block.release());
+}
+
+FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
+{
+    // Step 1: find the "(" of the parameter list, and the head's end.
+    Trn::Token prev;
+    int paren = 0;
+    int angle = 0;
+    bool seenOperator = false;
+    bool seenThrow = false;
+    bool foundParen = false;
+    std::size_t parenIndex = 1;
+    Trn::Position headEnd;
+    for (std::size_t i = 1;; ++i) {
+        const Trn::Token& t = at(list, i);
+        if (isDiscardable(t))
+            continue;
+        bool stop = false;
+        switch (t.type()) {
+        case SEMICOLON:
+            if (paren == 0) {
+                headEnd = t.end();
+                stop = true;
+            }
+            break;
+        case COLON:
+        case LBRACE: stop = paren == 0; break;
+        // `int f(), g();` ends the first head at the comma.
+        case COMMA:
+            if (paren == 0 && angle == 0 && prev.type() != OPERATOR_KEY) {
+                headEnd = t.start();
+                stop = true;
+            }
+            break;
+        case LPAREN:
+            // The "()" of `operator()` is stepped over.
+            if (seenOperator && prev.type() == OPERATOR_KEY) {
+                if (at(list, i + 1).type() != RPAREN) {
+                    compose("Expected ')'. As part of overloaded function call operator.", at(list, i + 1));
+                    return nullptr;
+                }
+                ++i;
+                seenOperator = false;
+                prev = at(list, i);
+                continue;
+            }
+            if (!seenThrow && paren == 0) {
+                foundParen = true;
+                parenIndex = i;
+            }
+            ++paren;
+            break;
+        case RPAREN:
+            if (paren > 0)
+                --paren;
+            break;
+        case LESS_THAN:
+            if (prev.type() != OPERATOR_KEY)
+                ++angle;
+            break;
+        case GREATER_THAN:
+            if (prev.type() != OPERATOR_KEY && angle > 0)
+                --angle;
+            break;
+        case OPERATOR_KEY: seenOperator = true; break;
+        case THROW_KEY: seenThrow = true; break;
+        case END_OF_FILE:
+        case INVALID_TOKEN:
+            if (!foundParen) {
+                report(1, t);
+                return nullptr;
+            }
+            stop = true;
+            break;
+        default: break;
+        }
+        if (stop)
+            break;
+        prev = t;
+    }
+
+    // Step 2: the name, from what stands before the "(".
+    FunctionName name;
+    if (!findFunctionName(list, parenIndex, name))
+        return nullptr;
+    auto id = std::make_unique<IdNode>(joinName(list, name.first, name.last), at(list, name.first).start(),
+                                       at(list, name.last).end());
+
+    // Step 3: the return type, without leading and trailing comments and directives.
+    std::unique_ptr<FunctionReturnNode> returnType;
+    std::size_t typeFirst = 1;
+    std::size_t typeLast = name.first - 1;
+    while (typeFirst <= typeLast && isDiscardable(at(list, typeFirst)))
+        ++typeFirst;
+    while (typeLast >= typeFirst && typeLast >= 1 && isDiscardable(at(list, typeLast)))
+        --typeLast;
+    if (typeFirst <= typeLast && typeLast >= 1)
+        returnType = std::make_unique<FunctionReturnNode>(at(list, typeFirst).start(), at(list, typeLast).end());
+
+    // Step 4: the parameter list.
+    for (std::size_t i = 1; i <= name.last; ++i)
+        get(head);
+    skipDiscardable(head);
+    std::unique_ptr<ParameterListNode> parameters;
+    if (peekAt(head, 1).type() == LPAREN) {
+        parameters.reset(parseParameterList(head, false));
+        if (!parameters)
+            return nullptr;
+    }
+
+    // Step 5: `const`, `volatile`, `interrupt 3 using 2`.
+    skipDiscardable(head);
+    std::unique_ptr<TextNode> qualifiers;
+    const Trn::Token next = peekAt(head, 1);
+    if (next.type() == CONST_KEY || next.type() == VOLATILE_KEY || isInterruptWord(next))
+        qualifiers.reset(parseQualifiers(head));
+
+    // Step 6: `throw(...)`.
+    skipDiscardable(head);
+    std::unique_ptr<ExprNode> exceptionSpec;
+    if (peekAt(head, 1).type() == THROW_KEY) {
+        exceptionSpec.reset(parseExceptionSpec(head));
+        if (!exceptionSpec)
+            return nullptr;
+    }
+
+    // Step 7: `= 0`.
+    skipDiscardable(head);
+    std::unique_ptr<ExprNode> pureSpec;
+    if (peekAt(head, 1).type() == EQUALS)
+        pureSpec.reset(parsePureSpec(head));
+
+    // Step 8.
+    auto node = new FunctionHeadNode(returnType.release(), id.release(), parameters.release(), qualifiers.release(),
+                                     exceptionSpec.release(), pureSpec.release());
+    if (!headEnd.isNull())
+        node->setEnd(headEnd);
+    return node;
+}
+
+bool Parser::findFunctionName(const TokenList& list, std::size_t parenIndex, FunctionName& name)
+{
+    std::size_t end = parenIndex - 1;
+    while (end >= 1 && isDiscardable(at(list, end)))
+        --end;
+    if (end < 1) {
+        compose("Expected function name. Got: " + at(list, parenIndex).text(), at(list, parenIndex));
+        return false;
+    }
+    name.first = name.last = end;
+    const Trn::Token& last = at(list, end);
+    const std::int32_t type = last.type();
+    // `extern "C" ("...")`-like heads: the literal is the id.
+    if (type == STRING_LITERAL)
+        return true;
+    if (isOperatorSymbol(type))
+        return findOperatorName(list, name);
+    // `operator()`
+    if (type == RPAREN) {
+        const std::size_t open = previousSignificant(list, end);
+        if (open == 0 || at(list, open).type() != LPAREN) {
+            compose("Expected (.", at(list, open == 0 ? end : open));
+            return false;
+        }
+        const std::size_t keyword = previousSignificant(list, open);
+        if (keyword == 0 || at(list, keyword).type() != OPERATOR_KEY) {
+            const Trn::Token& got = at(list, keyword == 0 ? open : keyword);
+            compose("Expected \"operator\". Got: " + got.text(), got);
+            return false;
+        }
+        name.first = keyword;
+        extendName(list, name);
+        return true;
+    }
+    // `operator[]`, `operator new[]`
+    if (type == RBRACKET) {
+        const std::size_t open = previousSignificant(list, end);
+        if (open == 0 || at(list, open).type() != LBRACKET) {
+            compose("Expected [.", at(list, open == 0 ? end : open));
+            return false;
+        }
+        std::size_t keyword = previousSignificant(list, open);
+        const std::int32_t before = at(list, keyword).type();
+        if (keyword != 0 && (before == NEW_KEY || before == DELETE_KEY)) {
+            const std::size_t key = previousSignificant(list, keyword);
+            if (key != 0 && at(list, key).type() == OPERATOR_KEY)
+                keyword = key;
+        }
+        const std::int32_t found = at(list, keyword).type();
+        if (keyword == 0 || (found != OPERATOR_KEY && found != IDENTIFIER)) {
+            const Trn::Token& got = at(list, keyword == 0 ? open : keyword);
+            compose("Expected \"operator\". Got: " + got.text(), got);
+            return false;
+        }
+        name.first = keyword;
+        extendName(list, name);
+        return true;
+    }
+    // `operator>`, or a template's arguments: `foo<int>(x)`
+    if (type == GREATER_THAN) {
+        if (const std::size_t keyword = operatorKeyBack(list, end - 1)) {
+            name.first = keyword;
+            extendName(list, name);
+            return true;
+        }
+        std::size_t open = end;
+        for (int depth = 0; open >= 1; --open) {
+            const std::int32_t t = at(list, open).type();
+            if (t == GREATER_THAN)
+                ++depth;
+            else if (t == LESS_THAN && --depth == 0)
+                break;
+        }
+        if (open < 1) {
+            compose("Expected \"<\".", last);
+            return false;
+        }
+        const std::size_t templateName = previousSignificant(list, open);
+        name.first = templateName != 0 ? templateName : open;
+        extendName(list, name);
+        return true;
+    }
+    // A name, or the type of a conversion operator: `operator int`.
+    if (type == CONST_KEY || isBuiltInType(type) || type == IDENTIFIER) {
+        if (const std::size_t keyword = operatorKeyBack(list, end - 1))
+            name.first = keyword;
+        extendName(list, name);
+        return true;
+    }
+    compose("Expected function name. Got: " + last.text(), last);
+    return false;
+}
+
+// The name ends in an operator symbol: it begins at the "operator" before it.
+bool Parser::findOperatorName(const TokenList& list, FunctionName& name)
+{
+    const Trn::Token& symbol = at(list, name.last);
+    if (name.last == 1 && (symbol.type() == ASTERISK || symbol.type() == AMPERSAND)) {
+        compose("Could not recognize overloaded operator.", symbol);
+        return false;
+    }
+    const std::size_t keyword = operatorKeyBack(list, name.last);
+    if (keyword == 0) {
+        compose("Expected \"operator\". Got: " + symbol.text(), symbol);
+        return false;
+    }
+    name.first = keyword;
+    extendName(list, name);
+    return true;
+}
+
+// Steps back over the qualification before a name that the lexer delivered in
+// pieces: `A` before "::operator", `A<B>` before "::f". It never crosses a
+// token outside angle brackets that is not a name.
+void Parser::extendName(const TokenList& list, FunctionName& name)
+{
+    for (;;) {
+        const std::size_t before = previousSignificant(list, name.first);
+        if (before == 0)
+            return;
+        const Trn::Token& current = at(list, name.first);
+        const Trn::Token& previous = at(list, before);
+        if (previous.type() == GREATER_THAN && isQualifiedName(current) && current.text().starts_with("::")) {
+            std::size_t open = before;
+            for (int depth = 0; open >= 1; --open) {
+                const std::int32_t t = at(list, open).type();
+                if (t == GREATER_THAN)
+                    ++depth;
+                else if (t == LESS_THAN && --depth == 0)
+                    break;
+            }
+            const std::size_t templateName = open >= 1 ? previousSignificant(list, open) : 0;
+            if (templateName == 0 || !isNameToken(at(list, templateName)))
+                return;
+            name.first = templateName;
+            continue;
+        }
+        if (!isQualifiedName(previous) && !isQualifiedName(current))
+            return;
+        if (!isNameToken(previous))
+            return;
+        name.first = before;
+    }
+}
+
+ExprNode* Parser::parseExceptionSpec(Stream& head)
+{
+    const Trn::Token keyword = get(head);
+    skipDiscardable(head);
+    const Trn::Token open = get(head);
+    if (open.type() != LPAREN) {
+        compose("Expected '(' as part of a 'throw()' clause. Got: " + open.text(), open);
+        return nullptr;
+    }
+    for (int depth = 1;;) {
+        const Trn::Token t = get(head);
+        if (isEnd(t)) {
+            report(1, t);
+            return nullptr;
+        }
+        if (t.type() == LPAREN)
+            ++depth;
+        else if (t.type() == RPAREN && --depth == 0)
+            return new ExprNode(keyword.start(), t.end());
+    }
+}
+
+ExprNode* Parser::parsePureSpec(Stream& head)
+{
+    const Trn::Token equals = get(head);
+    skipDiscardable(head);
+    const Trn::Token zero = get(head);
+    if (zero.type() == NUMBER_LITERAL && zero.text() == "0")
+        return new ExprNode(equals.start(), zero.end());
+    compose("Expected '= 0' to indicate a pure virtual function. Got: " + zero.text(), zero);
+    head.putBack(zero);
+    head.putBack(equals);
+    return nullptr;
+}
+
+// `const volatile`, then the extension tail `interrupt 3 using 2`, as one span.
+TextNode* Parser::parseQualifiers(Stream& s)
+{
+    bool any = false;
+    Trn::Position begin;
+    Trn::Position end;
+    auto take = [&](const Trn::Token& t) {
+        if (!any)
+            begin = t.start();
+        any = true;
+        end = t.end();
+    };
+    for (;;) {
+        const Trn::Token t = peekAt(s, 1);
+        if (t.type() == CONST_KEY || t.type() == VOLATILE_KEY)
+            take(get(s));
+        else if (t.type() == PREPROC_DIRECTIVE)
+            delete parseDirective(s);
+        else if (isComment(t))
+            delete parseComment(s);
+        else
+            break;
+    }
+    if (isInterruptWord(peekAt(s, 1))) {
+        take(get(s));
+        for (;;) {
+            const std::int32_t type = peekAt(s, 1).type();
+            if (type != NUMBER_LITERAL && type != USING_KEY && type != IDENTIFIER)
+                break;
+            take(get(s));
+        }
+    }
+    return any ? new TextNode(begin, end) : nullptr;
+}
+
+// ---------------------------------------------------------------------------
+// Parameter lists.
+
+// `(int a, char* b)`, or in template mode `<class T, int N>`. Each parameter
+// is a span; a directive or comment between parameters is a child of the
+// list, one inside a parameter is part of its span.
+ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
+{
+    const std::int32_t open = templateMode ? LESS_THAN : LPAREN;
+    const std::int32_t close = templateMode ? GREATER_THAN : RPAREN;
+    skipDiscardable(s);
+    const Trn::Token first = get(s);
+    if (first.type() != open) {
+        compose(std::string("Expected '") + (templateMode ? "<" : "(") + "' Got: " + first.text(), first);
+        s.unget();
+        return nullptr;
+    }
+    auto list = std::make_unique<ParameterListNode>();
+    list->setBegin(first.start());
+    int depth = 1;
+    int angle = 0;
+    bool inParameter = false;
+    bool complex = false;
+    Trn::Position parameterBegin;
+    Trn::Position parameterEnd;
+    // A parameter begins with the first token that extends it.
+    auto extend = [&](const Trn::Position& b, const Trn::Position& e) {
+        if (!inParameter)
+            parameterBegin = b;
+        inParameter = true;
+        parameterEnd = e;
+    };
+    auto addParameter = [&] {
+        if (inParameter)
+            list->add(new ParameterNode(complex, parameterBegin, parameterEnd));
+        inParameter = false;
+        complex = false;
+    };
+    for (;;) {
+        const Trn::Token t = get(s);
+        const std::int32_t type = t.type();
+        if (isDiscardable(t)) {
+            s.unget();
+            std::unique_ptr<SyntaxNode> node(type == PREPROC_DIRECTIVE ? static_cast<SyntaxNode*>(parseDirective(s))
+                                                                       : parseComment(s));
+            if (!node)
+                continue;
+            if (depth == 1 && angle == 0 && !inParameter)
+                list->add(node.release());
+            else
+                extend(node->begin(), node->end());
+            continue;
+        }
+        if (type == COMMA && depth == 1 && angle == 0) {
+            addParameter();
+            continue;
+        }
+        if (type == open) {
+            ++depth;
+        } else if (type == close) {
+            if (--depth == 0) {
+                if (angle != 0)
+                    compose("Expected '>'. Got: " + t.text(), t);
+                addParameter();
+                list->setEnd(t.end());
+                return list.release();
+            }
+            if (templateMode)
+                complex = true;
+        } else if (type == LESS_THAN) {
+            ++angle;
+        } else if (type == GREATER_THAN) {
+            if (angle > 0)
+                --angle;
+            complex = true;
+        } else if (isEnd(t)) {
+            report(1, t);
+            return nullptr;
+        }
+        extend(t.start(), t.end());
+    }
+}
+
+// ---------------------------------------------------------------------------
+// Member initialisers.
+
+InitializerListNode* Parser::parseInitializerList(Stream& s)
+{
+    auto list = std::make_unique<InitializerListNode>();
+    for (;;) {
+        const Trn::Token t = peekAt(s, 1);
+        switch (t.type()) {
+        case PREPROC_DIRECTIVE: list->add(parseDirective(s)); continue;
+        case LINE_COMMENT:
+        case BLOCK_COMMENT: list->add(parseComment(s)); continue;
+        case COMMA: get(s); continue;
+        case LBRACE: break;
+        case END_OF_FILE:
+        case INVALID_TOKEN: report(1, t); return nullptr;
+        default: {
+            InitializerNode* initializer = parseInitializer(s);
+            if (!initializer)
+                return nullptr;
+            list->add(initializer);
+            continue;
+        }
+        }
+        break;
+    }
+    if (list->empty())
+        return nullptr;
+    return list.release();
+}
+
+// `m_size(size)`, `Base<T>(x, y)`
+InitializerNode* Parser::parseInitializer(Stream& s)
+{
+    skipDiscardable(s);
+    const Trn::Token first = get(s);
+    if (first.type() != IDENTIFIER) {
+        compose("Expected a variable name for an initializer. Got: \"" + first.text(), first);
+        return nullptr;
+    }
+    TokenList name{first};
+    Trn::Position nameEnd = first.end();
+    for (;;) {
+        const Trn::Token t = peekAt(s, 1);
+        if (t.type() == LPAREN)
+            break;
+        if (isEnd(t) || t.type() == LBRACE) {
+            report(1, t);
+            return nullptr;
+        }
+        name.push_back(get(s));
+        if (!isDiscardable(t))
+            nameEnd = t.end();
+    }
+    auto id = std::make_unique<IdNode>(joinTexts(name, 0, name.size() - 1), first.start(), nameEnd);
+    const Trn::Token open = get(s);
+    if (open.type() != LPAREN) {
+        compose("Expected a (. Got: \"" + open.text(), open);
+        return nullptr;
+    }
+    auto args = std::make_unique<ArgListNode>();
+    args->setBegin(open.start());
+    bool inArg = false;
+    Trn::Position argBegin;
+    Trn::Position argEnd;
+    auto addArg = [&] {
+        if (inArg)
+            args->add(new ArgNode(argBegin, argEnd));
+        inArg = false;
+    };
+    for (int depth = 1;;) {
+        collectDiscardable(s, *args);
+        const Trn::Token t = get(s);
+        if (isEnd(t)) {
+            report(1, t);
+            return nullptr;
+        }
+        // A comma at any depth ends an argument.
+        if (t.type() == COMMA) {
+            addArg();
+            continue;
+        }
+        if (t.type() == LPAREN) {
+            ++depth;
+        } else if (t.type() == RPAREN && --depth == 0) {
+            addArg();
+            args->setEnd(t.end());
+            return new InitializerNode(id.release(), args.release());
+        }
+        if (!inArg)
+            argBegin = t.start();
+        inArg = true;
+        argEnd = t.end();
+    }
+}
+
+} // namespace Cpp

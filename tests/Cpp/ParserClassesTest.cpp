@@ -1,0 +1,255 @@
+// The parser on classes, enums, namespaces, templates and linkage blocks.
+#include "Cpp_Nodes.h"
+#include "Cpp_Parser.h"
+#include "Cpp_TreeDump.h"
+#include "ParserTestSupport.h"
+#include "Trn_TokenStream.h"
+#include "Varnel_IMemBuf.h"
+
+#include "Cpp_Lexer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace Cpp {
+
+// Reaches one routine of the parser directly, on the tokens of a text.
+class ParserTestAccess {
+public:
+    static std::string classDump(const std::string& text)
+    {
+        std::vector<Trn::Token> tokens;
+        Varnel::IMemStream in(text);
+        Lexer lexer(in);
+        for (Trn::Token t = lexer.next(); t.type() != END_OF_FILE; t = lexer.next())
+            tokens.push_back(t);
+        Trn::TokenStream stream(tokens);
+        Parser parser;
+        std::unique_ptr<ClassDeclNode> node(parser.parseClass(stream));
+        return node ? dumpTree(*node) : "null";
+    }
+};
+
+} // namespace Cpp
+
+namespace {
+
+TEST(ParserClassesTest, DeclspecAndTemplateArgumentsStayInTheNamesAndOneBaseClause)
+{
+    EXPECT_TREE("class __declspec(dllexport) A : public B<C, D> { int x; };",
+                "RootNode 1:1-1:58\n"
+                "  ClassDeclNode 1:1-1:58\n"
+                "    ClassHeadNode 1:1-1:46\n"
+                "      ClassNameNode 1:1-1:29 type=CLASS_KEY text=\"class __declspec ( dllexport ) A\"\n"
+                "      BaseClauseListNode 1:33-1:46\n"
+                "        BaseClauseNode 1:33-1:46 access=PUBLIC_KEY text=\"B < C , D >\"\n"
+                "    ClassBodyNode 1:48-1:57\n"
+                "      DataDeclNode 1:50-1:55\n"
+                "        TypeNode 1:50-1:52\n"
+                "        IdNode 1:54-1:54 text=\"x\"\n");
+}
+
+TEST(ParserClassesTest, ForwardDeclaration)
+{
+    // At file level `class A;` is classified as data at its semicolon...
+    EXPECT_TREE("class A;",
+                "RootNode 1:1-1:8\n"
+                "  DataDeclNode 1:1-1:8\n"
+                "    TypeNode 1:1-1:5\n"
+                "    IdNode 1:7-1:7 text=\"A\"\n");
+    // ...and the class routine gives it a head without a body.
+    EXPECT_EQ(Cpp::ParserTestAccess::classDump("class A"), "ClassDeclNode 1:1-1:7\n"
+                                                           "  ClassHeadNode 1:1-1:7\n"
+                                                           "    ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n");
+}
+
+TEST(ParserClassesTest, AccessLabelsWithWordsAndMacroLabels)
+{
+    EXPECT_TREE("class Q { public slots: void f(); signals: void g(); };",
+                "RootNode 1:1-1:55\n"
+                "  ClassDeclNode 1:1-1:55\n"
+                "    ClassHeadNode 1:1-1:7\n"
+                "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class Q\"\n"
+                "    ClassBodyNode 1:9-1:54\n"
+                "      AccessSpecNode 1:11-1:23 kind=1 text=\"public slots\" extended=1\n"
+                "      FunctionDeclNode 1:25-1:33\n"
+                "        FunctionHeadNode 1:25-1:33\n"
+                "          FunctionReturnNode 1:25-1:28\n"
+                "          IdNode 1:30-1:30 text=\"f\"\n"
+                "          ParameterListNode 1:31-1:32\n"
+                "      AccessSpecNode 1:35-1:42 kind=4 text=\"signals\"\n"
+                "      FunctionDeclNode 1:44-1:52\n"
+                "        FunctionHeadNode 1:44-1:52\n"
+                "          FunctionReturnNode 1:44-1:47\n"
+                "          IdNode 1:49-1:49 text=\"g\"\n"
+                "          ParameterListNode 1:50-1:51\n");
+}
+
+TEST(ParserClassesTest, BaseClauses)
+{
+    EXPECT_TREE("struct S : virtual public B, private C { S() : B(1), C(2, 3) {} };",
+                "RootNode 1:1-1:66\n"
+                "  ClassDeclNode 1:1-1:66\n"
+                "    ClassHeadNode 1:1-1:38\n"
+                "      ClassNameNode 1:1-1:8 type=STRUCT_KEY text=\"struct S\"\n"
+                "      BaseClauseListNode 1:12-1:38\n"
+                "        BaseClauseNode 1:12-1:27 access=PUBLIC_KEY virtual=1 text=\"B\"\n"
+                "        BaseClauseNode 1:30-1:38 access=PRIVATE_KEY text=\"C\"\n"
+                "    ClassBodyNode 1:40-1:65\n"
+                "      CtorDeclNode 1:42-1:63\n"
+                "        FunctionHeadNode 1:42-1:44\n"
+                "          IdNode 1:42-1:42 text=\"S\"\n"
+                "          ParameterListNode 1:43-1:44\n"
+                "        InitializerListNode 1:48-1:60\n"
+                "          InitializerNode 1:48-1:51\n"
+                "            IdNode 1:48-1:48 text=\"B\"\n"
+                "            ArgListNode 1:49-1:51\n"
+                "              ArgNode 1:50-1:50\n"
+                "          InitializerNode 1:54-1:60\n"
+                "            IdNode 1:54-1:54 text=\"C\"\n"
+                "            ArgListNode 1:55-1:60\n"
+                "              ArgNode 1:56-1:56\n"
+                "              ArgNode 1:59-1:59\n"
+                "        BlockNode 1:62-1:63\n");
+    EXPECT_EQ(TwTest::messagesOf("class A : public public B {};"),
+              "1:18 code=0 Not expecting to find keyword \"public\"\n1:1 code=7 The statement cannot be parsed.\n");
+    EXPECT_EQ(TwTest::messagesOf("class A : B virtual {};"),
+              "1:13 code=0 Not expecting to find keyword \"virtual\"\n1:1 code=7 The statement cannot be parsed.\n");
+    EXPECT_EQ(TwTest::messagesOf("class A : B % {};"),
+              "1:13 code=0 Unexpected Token: \"%\"\n1:1 code=7 The statement cannot be parsed.\n");
+    EXPECT_EQ(TwTest::messagesOf("class A : public {};"),
+              "1:18 code=0 Unexpected Token: \"{\"\n1:1 code=7 The statement cannot be parsed.\n");
+}
+
+TEST(ParserClassesTest, HeadWithoutClassKey)
+{
+    EXPECT_EQ(TwTest::messagesOf("ALIGNED(struct) S : public B { };"),
+              "1:17 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
+              "1:19 code=0 Expected an identifier for the class name.\n"
+              "1:17 code=7 The statement cannot be parsed.\n");
+}
+
+TEST(ParserClassesTest, ClassBodyFaults)
+{
+    EXPECT_EQ(TwTest::messagesOf("class A { namespace x; };"),
+              "1:11 code=0 Namespace declaration illegal inside class declaration.\n");
+    EXPECT_EQ(TwTest::messagesOf("class A { public int x; };"),
+              "1:18 code=0 Expected ':' Found: int\n");
+    EXPECT_EQ(TwTest::messagesOf("class A { int f() = 2; };"),
+              "1:19 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
+              "1:19 code=0 Expected '= 0' to indicate a pure virtual function. Got: \n");
+}
+
+TEST(ParserClassesTest, NamespaceAliasHasNoNode)
+{
+    EXPECT_TREE("namespace a = b;\nint x;",
+                "RootNode 2:1-2:6\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    TypeNode 2:1-2:3\n"
+                "    IdNode 2:5-2:5 text=\"x\"\n");
+}
+
+TEST(ParserClassesTest, Namespaces)
+{
+    EXPECT_TREE("namespace { int x; }",
+                "RootNode 1:1-1:20\n"
+                "  NamespaceDeclNode 1:1-1:20\n"
+                "    NamespaceHeadNode 1:1-1:9\n"
+                "    NamespaceBodyNode 1:11-1:20\n"
+                "      DataDeclNode 1:13-1:18\n"
+                "        TypeNode 1:13-1:15\n"
+                "        IdNode 1:17-1:17 text=\"x\"\n");
+    EXPECT_TREE("namespace n { namespace m { } namespace k = n; }",
+                "RootNode 1:1-1:48\n"
+                "  NamespaceDeclNode 1:1-1:48\n"
+                "    NamespaceHeadNode 1:1-1:11 text=\"n\"\n"
+                "    NamespaceBodyNode 1:13-1:48\n"
+                "      NamespaceDeclNode 1:15-1:29\n"
+                "        NamespaceHeadNode 1:15-1:25 text=\"m\"\n"
+                "        NamespaceBodyNode 1:27-1:29\n"
+                "      DataDeclNode 1:41-1:46\n"
+                "        IdNode 1:41-1:41 text=\"k\"\n"
+                "        ExprNode 1:43-1:46\n");
+    EXPECT_EQ(TwTest::messagesOf("namespace n int x;"), "1:13 code=0 Expected:: \"{\".\n");
+}
+
+TEST(ParserClassesTest, LinkageAndExternDeclarations)
+{
+    EXPECT_TREE("extern \"C\" int x;",
+                "RootNode 1:1-1:17\n"
+                "  DataDeclNode 1:1-1:17\n"
+                "    TypeNode 1:1-1:14\n"
+                "    IdNode 1:16-1:16 text=\"x\"\n");
+    EXPECT_TREE("extern \"C\" { int f(); }",
+                "RootNode 1:1-1:23\n"
+                "  LinkageBlockNode 1:1-1:23\n"
+                "    ExprNode 1:1-1:10\n"
+                "    LinkageBlockBodyNode 1:12-1:23\n"
+                "      FunctionDeclNode 1:14-1:21\n"
+                "        FunctionHeadNode 1:14-1:21\n"
+                "          FunctionReturnNode 1:14-1:16\n"
+                "          IdNode 1:18-1:18 text=\"f\"\n"
+                "          ParameterListNode 1:19-1:20\n");
+    // Each is reported, stepped over, and the body goes on.
+    EXPECT_EQ(TwTest::messagesOf("extern \"C\" { template<class T> void f(); }"),
+              "1:14 code=0 templates cannot be declared to have 'C' linkage.\n");
+    EXPECT_EQ(TwTest::messagesOf("extern \"C\" { int a; private int b; }"),
+              "1:21 code=0 public: protected: private: labels are illegal inside linkage blocks.\n");
+    EXPECT_EQ(TwTest::messagesOf("extern \"C\" { default while }"),
+              "1:14 code=0 control statements (e.g. if, else, while) are illegal inside linkage blocks.\n"
+              "1:22 code=0 control statements (e.g. if, else, while) are illegal inside linkage blocks.\n");
+}
+
+TEST(ParserClassesTest, EnumeratorWithACommentBehindIt)
+{
+    EXPECT_TREE("enum E {\n  A, // first\n  B /* second */\n};",
+                "RootNode 1:1-4:2\n"
+                "  EnumDeclNode 1:1-4:2\n"
+                "    EnumHeadNode 1:1-1:6 text=\"enum E\"\n"
+                "    EnumBodyNode 1:8-4:1\n"
+                "      ExprNode 2:3-2:3\n"
+                "      CommentNode 2:6-3:0 text=\"// first\\n\"\n"
+                "      ExprNode 3:3-3:3\n"
+                "      CommentNode 3:5-3:16 text=\"/* second */\"\n");
+}
+
+TEST(ParserClassesTest, EnumeratorsWithParenthesesAndTypedefEnum)
+{
+    EXPECT_TREE("enum E { A = (1 << 2), B };",
+                "RootNode 1:1-1:27\n"
+                "  EnumDeclNode 1:1-1:27\n"
+                "    EnumHeadNode 1:1-1:6 text=\"enum E\"\n"
+                "    EnumBodyNode 1:8-1:26\n"
+                "      ExprNode 1:10-1:21\n"
+                "      ExprNode 1:24-1:24\n");
+    EXPECT_TREE("typedef enum { X = 1 } T;",
+                "RootNode 1:1-1:25\n"
+                "  EnumDeclNode 1:1-1:22\n"
+                "    EnumHeadNode 1:1-1:12 text=\"typedef enum\"\n"
+                "    EnumBodyNode 1:14-1:22\n"
+                "      ExprNode 1:16-1:20\n"
+                "  DataDeclNode 1:24-1:25\n"
+                "    IdNode 1:24-1:24 text=\"T\"\n");
+    EXPECT_EQ(TwTest::messagesOf("enum E { A, struct };"),
+              "1:13 code=0 Expected \"}\" first to close enum declaration.\n1:1 code=7 The statement cannot be parsed.\n");
+}
+
+TEST(ParserClassesTest, TemplatesAndExplicitInstantiation)
+{
+    EXPECT_TREE("template<class T> void f(T);\ntemplate class A<int>;",
+                "RootNode 1:1-2:22\n"
+                "  TemplateNode 1:1-1:17\n"
+                "    KeywordNode 1:1-1:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 1:9-1:17\n"
+                "      ParameterNode 1:10-1:16\n"
+                "  FunctionDeclNode 1:19-1:28\n"
+                "    FunctionHeadNode 1:19-1:28\n"
+                "      FunctionReturnNode 1:19-1:22\n"
+                "      IdNode 1:24-1:24 text=\"f\"\n"
+                "      ParameterListNode 1:25-1:27\n"
+                "        ParameterNode 1:26-1:26\n"
+                "  ExprNode 2:1-2:22\n");
+}
+
+} // namespace
