@@ -1,6 +1,7 @@
 // Choice checks, white-space settings and text tests shared by the passes.
 #include "Kempt_CppFormatterConfig.h"
 
+#include "Cpp_Nodes.h"
 #include "Cpp_TokenType.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_TokenIterator.h"
@@ -153,6 +154,26 @@ bool gapHasCommentOrDirective(const std::string& text)
     return gapHasToken(text, [](std::int32_t type) {
         return type == Cpp::LINE_COMMENT || type == Cpp::BLOCK_COMMENT || type == Cpp::PREPROC_DIRECTIVE;
     });
+}
+
+bool hasBraces(const Cpp::InteriorNode& node)
+{
+    if (node.empty())
+        return node.begin() != node.end();
+    const Cpp::SyntaxNode* first = *node.childrenBegin();
+    return first == nullptr || node.begin() != first->begin();
+}
+
+bool bodyHasBraces(const Cpp::CtrlSubStmtNode& part)
+{
+    const Cpp::BlockNode* body = part.body();
+    return body != nullptr && hasBraces(*body);
+}
+
+bool isLineCommentNode(const Cpp::SyntaxNode* node)
+{
+    const auto* comment = dynamic_cast<const Cpp::CommentNode*>(node);
+    return comment != nullptr && comment->isLineComment();
 }
 
 } // namespace Kempt

@@ -13,6 +13,12 @@
 #include <string_view>
 #include <utility>
 
+namespace Cpp {
+class CtrlSubStmtNode;
+class InteriorNode;
+class SyntaxNode;
+} // namespace Cpp
+
 namespace Kempt {
 
 // An optional white-space property: set or not, and its text. Not set always
@@ -79,6 +85,17 @@ bool isSemicolonOnly(std::string_view text);
 // closing comment.
 bool gapHasLineComment(const std::string& text);
 bool gapHasCommentOrDirective(const std::string& text);
+
+// Whether a block-like node (a node with children or delimiters) was written
+// with braces: with no children, its begin differs from its end; with
+// children, its begin differs from its first child's begin. A block the
+// parser made around one unbraced statement begins where that statement does.
+//   { x; }   -> true        x;   -> false        (empty, begin == end) -> false
+bool hasBraces(const Cpp::InteriorNode& node);
+// The same for the body of a control statement part; false without a body.
+bool bodyHasBraces(const Cpp::CtrlSubStmtNode& part);
+// The node is a comment node that holds a "//" comment.
+bool isLineCommentNode(const Cpp::SyntaxNode* node);
 
 } // namespace Kempt
 

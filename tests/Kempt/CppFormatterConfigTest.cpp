@@ -1,12 +1,18 @@
 // Formatter configuration: WsSetting, the choice checks and the text tests.
 #include "Kempt_CppFormatterConfig.h"
 
+#include "Cpp_Lexer.h"
+#include "Cpp_Nodes.h"
+#include "Cpp_Parser.h"
+
 #include "Kempt_PropertyNames.h"
 #include "Varnel_Contract.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -165,6 +171,85 @@ TEST(CppFormatterConfigTest, GapHasCommentOrDirective)
     EXPECT_TRUE(gapHasCommentOrDirective("\n#endif\n"));
     EXPECT_FALSE(gapHasCommentOrDirective(" \n\t "));
     EXPECT_FALSE(gapHasCommentOrDirective(", "));
+}
+
+} // namespace
+
+// ---------------------------------------------------------------------------
+// Tests on nodes: braces and line comments, on trees the parser builds.
+
+namespace {
+
+std::unique_ptr<Cpp::RootNode> parse(const std::string& text)
+{
+    std::istringstream in(text);
+    Cpp::Lexer lexer(in);
+    auto root = std::make_unique<Cpp::RootNode>();
+    Trn::FormatMessageList messages;
+    Cpp::Parser().parse(lexer, *root, messages);
+    EXPECT_TRUE(messages.empty()) << text;
+    return root;
+}
+
+// The control statement at the top of a function body "void f() { ... }".
+const Cpp::CtrlStmtNode& controlStatementOf(const Cpp::RootNode& root)
+{
+    const auto* fn = dynamic_cast<const Cpp::FunctionDeclNode*>(*root.childrenBegin());
+    EXPECT_NE(fn, nullptr);
+    const auto* stmt = dynamic_cast<const Cpp::CtrlStmtNode*>(*fn->block()->childrenBegin());
+    EXPECT_NE(stmt, nullptr);
+    return *stmt;
+}
+
+const Cpp::CtrlSubStmtNode& part(const Cpp::CtrlStmtNode& stmt, std::size_t i)
+{
+    const auto* p = dynamic_cast<const Cpp::CtrlSubStmtNode*>(*(stmt.childrenBegin() + static_cast<std::ptrdiff_t>(i)));
+    EXPECT_NE(p, nullptr);
+    return *p;
+}
+
+TEST(CppFormatterConfigTest, HasBracesOfAnEmptyNodeWithBeginEqualToEndIsFalse)
+{
+    EXPECT_FALSE(Kempt::hasBraces(Cpp::BlockNode()));
+    EXPECT_FALSE(Kempt::hasBraces(Cpp::BlockNode(Trn::Position(2, 3), Trn::Position(2, 3))));
+    EXPECT_TRUE(Kempt::hasBraces(Cpp::BlockNode(Trn::Position(2, 3), Trn::Position(2, 5))));
+}
+
+TEST(CppFormatterConfigTest, BodyHasBracesTellsBracedFromUnbracedParts)
+{
+    const auto root = parse("void f() { if (a) { b(); } else c(); }");
+    const Cpp::CtrlStmtNode& stmt = controlStatementOf(*root);
+    EXPECT_TRUE(Kempt::bodyHasBraces(part(stmt, 0)));
+    EXPECT_FALSE(Kempt::bodyHasBraces(part(stmt, 1)));
+    EXPECT_TRUE(Kempt::hasBraces(*part(stmt, 0).body()));
+}
+
+TEST(CppFormatterConfigTest, EmptyBracedBodyHasBraces)
+{
+    const auto root = parse("void f() { while (x) {} }");
+    EXPECT_TRUE(Kempt::bodyHasBraces(part(controlStatementOf(*root), 0)));
+}
+
+TEST(CppFormatterConfigTest, PartWithoutBodyHasNoBraces)
+{
+    const auto root = parse("void f() { do x(); while (y); }");
+    const Cpp::CtrlStmtNode& stmt = controlStatementOf(*root);
+    EXPECT_FALSE(Kempt::bodyHasBraces(part(stmt, 0)));
+    EXPECT_EQ(part(stmt, 1).body(), nullptr);
+    EXPECT_FALSE(Kempt::bodyHasBraces(part(stmt, 1)));
+}
+
+TEST(CppFormatterConfigTest, IsLineCommentNode)
+{
+    const Cpp::CommentNode line("// x\n");
+    const Cpp::CommentNode block("/* x */");
+    const Cpp::CommentNode fenced("", Trn::Position(1, 1), Trn::Position(3, 0), true);
+    const Cpp::ExprNode expr(Trn::Position(1, 1), Trn::Position(1, 2));
+    EXPECT_TRUE(Kempt::isLineCommentNode(&line));
+    EXPECT_FALSE(Kempt::isLineCommentNode(&block));
+    EXPECT_FALSE(Kempt::isLineCommentNode(&fenced));
+    EXPECT_FALSE(Kempt::isLineCommentNode(&expr));
+    EXPECT_FALSE(Kempt::isLineCommentNode(nullptr));
 }
 
 } // namespace
