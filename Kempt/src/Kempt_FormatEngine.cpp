@@ -29,6 +29,21 @@ FormatMessage FormatEngine::rewindFailureMessage()
 
 namespace {
 
+// The number of characters from the read position of `in` to its end, or -1
+// when the stream cannot tell (a pipe). The read position is left as it was.
+std::streamoff remainingSize(std::istream& in)
+{
+    std::streambuf* buf = in.rdbuf();
+    if (!buf)
+        return -1;
+    const std::streampos here = buf->pubseekoff(0, std::ios_base::cur, std::ios_base::in);
+    if (here == std::streampos(-1))
+        return -1;
+    const std::streampos end = buf->pubseekoff(0, std::ios_base::end, std::ios_base::in);
+    buf->pubseekpos(here, std::ios_base::in);
+    return end == std::streampos(-1) ? -1 : std::streamoff(end - here);
+}
+
 // One run of the pipeline: the two whole-text streams and the objects that
 // serve every pass of the run.
 class PipelineRun {
@@ -38,11 +53,21 @@ public:
     {
     }
 
+    // Copies all of `in` into the source stream. The text is read into a
+    // string sized once where the stream can tell its length, so a large file
+    // is not copied again and again while a buffer grows.
     void load(std::istream& in)
     {
-        m_source << in.rdbuf();
-        m_source.flush();
-        m_source.clear(); // an empty input fails the insertion; it is no error
+        std::string text;
+        const std::streamoff size = remainingSize(in);
+        if (size > 0)
+            text.reserve(static_cast<std::size_t>(size));
+        char chunk[1 << 16];
+        std::streambuf* buf = in.rdbuf();
+        for (std::streamsize got; buf && (got = buf->sgetn(chunk, sizeof chunk)) > 0;)
+            text.append(chunk, static_cast<std::size_t>(got));
+        m_source.str(std::move(text));
+        m_source.clear();
     }
 
     // Parses the current text, prints the next one, and makes it current.
@@ -115,8 +140,18 @@ private:
         (void)pass;
         (void)root;
         const std::string_view text = m_source.view();
+        reserveResult(text.size());
         m_result.write(text.data(), static_cast<std::streamsize>(text.size()));
         m_result.flush();
+    }
+
+    // Gives the result stream room for a text a little longer than the source,
+    // so that printing a pass does not grow it step by step.
+    void reserveResult(std::size_t sourceSize)
+    {
+        std::string room;
+        room.reserve(sourceSize + sourceSize / 8 + 256);
+        m_result.str(std::move(room));
     }
 
     // The result of a pass becomes the source of the next one, without a copy.
