@@ -168,6 +168,14 @@ private:
     LinkageBlockNode* parseLinkageBlock(Stream& s);
     LinkageBlockBodyNode* parseLinkageBody(Stream& s);
     bool parseMemberDeclaration(Stream& s, InteriorNode& node, bool bitFieldsAllowed);
+    // One turn of a namespace or linkage body at the token `t` ahead.
+    enum class BodyTurn { GO_ON, CLOSED, FAILED };
+    BodyTurn declarationBodyTurn(Stream& s, InteriorNode& body, const Trn::Token& t, int& depth);
+    // A list of items between directives, comments and commas, up to the "{"
+    // behind it: base clauses, member initialisers. Null when empty or when an
+    // item fails.
+    template <typename List, typename Item>
+    List* parseCommaList(Stream& s, Item* (Parser::*parseItem)(Stream&));
 
     // --- functions and parameters (Cpp_Parser_Functions.cpp) ---
     FunctionDeclNode* parseFunction(const TokenList& head, Stream& main);

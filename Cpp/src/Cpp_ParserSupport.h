@@ -1,12 +1,14 @@
-// Small token tests and text helpers shared by the parser's source files. Not
-// part of the parser's interface.
+// Small token tests and text helpers shared by the parser's source files, and
+// the parser's one member template. Not part of the parser's interface.
 #ifndef CPP_PARSERSUPPORT_H
 #define CPP_PARSERSUPPORT_H
 
+#include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
 #include "Cpp_TokenType.h"
 #include "Trn_Token.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -84,6 +86,39 @@ public:
 private:
     Parser& m_parser;
 };
+
+} // namespace Cpp
+
+namespace Cpp {
+
+template <typename List, typename Item>
+List* Parser::parseCommaList(Stream& s, Item* (Parser::*parseItem)(Stream&))
+{
+    auto list = std::make_unique<List>();
+    for (;;) {
+        const Trn::Token t = peekAt(s, 1);
+        switch (t.type()) {
+        case PREPROC_DIRECTIVE: list->add(parseDirective(s)); continue;
+        case LINE_COMMENT:
+        case BLOCK_COMMENT: list->add(parseComment(s)); continue;
+        case COMMA: get(s); continue;
+        case LBRACE: break;
+        case END_OF_FILE:
+        case INVALID_TOKEN: report(1, t); return nullptr;
+        default: {
+            Item* item = (this->*parseItem)(s);
+            if (!item)
+                return nullptr;
+            list->add(item);
+            continue;
+        }
+        }
+        break;
+    }
+    if (list->empty())
+        return nullptr;
+    return list.release();
+}
 
 } // namespace Cpp
 

@@ -141,30 +141,7 @@ ClassNameNode* Parser::parseClassName(Stream& s)
 
 BaseClauseListNode* Parser::parseBaseClauses(Stream& s)
 {
-    auto list = std::make_unique<BaseClauseListNode>();
-    for (;;) {
-        const Trn::Token t = peekAt(s, 1);
-        switch (t.type()) {
-        case PREPROC_DIRECTIVE: list->add(parseDirective(s)); continue;
-        case LINE_COMMENT:
-        case BLOCK_COMMENT: list->add(parseComment(s)); continue;
-        case COMMA: get(s); continue;
-        case LBRACE: break;
-        case END_OF_FILE:
-        case INVALID_TOKEN: report(1, t); return nullptr;
-        default: {
-            BaseClauseNode* clause = parseBaseClause(s);
-            if (!clause)
-                return nullptr;
-            list->add(clause);
-            continue;
-        }
-        }
-        break;
-    }
-    if (list->empty())
-        return nullptr;
-    return list.release();
+    return parseCommaList<BaseClauseListNode>(s, &Parser::parseBaseClause);
 }
 
 // `public virtual B<C, D>`
@@ -478,6 +455,37 @@ NamespaceHeadNode* Parser::parseNamespaceHead(Stream& s)
     return new NamespaceHeadNode(name.text(), keyword.start(), name.end());
 }
 
+// The rows that namespace and linkage bodies share. `depth` counts the open
+// braces; the "}" that closes the body ends it.
+Parser::BodyTurn Parser::declarationBodyTurn(Stream& s, InteriorNode& body, const Trn::Token& t, int& depth)
+{
+    switch (t.type()) {
+    case SEMICOLON: get(s); break;
+    case LBRACE:
+        get(s);
+        ++depth;
+        break;
+    case RBRACE:
+        get(s);
+        if (--depth == 0) {
+            body.setEnd(t.end());
+            return BodyTurn::CLOSED;
+        }
+        break;
+    case NAMESPACE_KEY: parseNestedNamespace(s, body); break;
+    case USING_KEY: skipToCollecting(s, body, SEMICOLON); break;
+    case TEMPLATE_KEY: body.add(parseTemplate(s)); break;
+    case EXTERN_KEY: body.add(parseExtern(s)); break;
+    case END_OF_FILE:
+    case INVALID_TOKEN: report(1, t); return BodyTurn::FAILED;
+    default:
+        if (!parseMemberDeclaration(s, body, false))
+            return BodyTurn::FAILED;
+        break;
+    }
+    return BodyTurn::GO_ON;
+}
+
 NamespaceBodyNode* Parser::parseNamespaceBody(Stream& s)
 {
     const Trn::Token open = get(s);
@@ -492,30 +500,11 @@ NamespaceBodyNode* Parser::parseNamespaceBody(Stream& s)
     while (!m_tooDeep) {
         collectDiscardable(s, *body);
         const Trn::Token t = peekAt(s, 1);
-        switch (t.type()) {
-        case SEMICOLON: get(s); break;
-        case LBRACE:
-            get(s);
-            ++depth;
-            break;
-        case RBRACE:
-            get(s);
-            if (--depth == 0) {
-                body->setEnd(t.end());
-                return body.release();
-            }
-            break;
-        case NAMESPACE_KEY: parseNestedNamespace(s, *body); break;
-        case USING_KEY: skipToCollecting(s, *body, SEMICOLON); break;
-        case TEMPLATE_KEY: body->add(parseTemplate(s)); break;
-        case EXTERN_KEY: body->add(parseExtern(s)); break;
-        case END_OF_FILE:
-        case INVALID_TOKEN: report(1, t); return nullptr;
-        default:
-            if (!parseMemberDeclaration(s, *body, false))
-                return nullptr;
-            break;
-        }
+        const BodyTurn turn = declarationBodyTurn(s, *body, t, depth);
+        if (turn == BodyTurn::CLOSED)
+            return body.release();
+        if (turn == BodyTurn::FAILED)
+            return nullptr;
         ensureProgress(s, t);
     }
     return nullptr;
@@ -658,29 +647,11 @@ LinkageBlockBodyNode* Parser::parseLinkageBody(Stream& s)
             get(s);
             continue;
         }
-        switch (type) {
-        case SEMICOLON: get(s); break;
-        case LBRACE:
-            get(s);
-            ++depth;
-            break;
-        case RBRACE:
-            get(s);
-            if (--depth == 0) {
-                body->setEnd(t.end());
-                return body.release();
-            }
-            break;
-        case NAMESPACE_KEY: parseNestedNamespace(s, *body); break;
-        case USING_KEY: skipToCollecting(s, *body, SEMICOLON); break;
-        case EXTERN_KEY: body->add(parseExtern(s)); break;
-        case END_OF_FILE:
-        case INVALID_TOKEN: report(1, t); return nullptr;
-        default:
-            if (!parseMemberDeclaration(s, *body, false))
-                return nullptr;
-            break;
-        }
+        const BodyTurn turn = declarationBodyTurn(s, *body, t, depth);
+        if (turn == BodyTurn::CLOSED)
+            return body.release();
+        if (turn == BodyTurn::FAILED)
+            return nullptr;
         ensureProgress(s, t);
     }
     return nullptr;

@@ -579,30 +579,7 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
 
 InitializerListNode* Parser::parseInitializerList(Stream& s)
 {
-    auto list = std::make_unique<InitializerListNode>();
-    for (;;) {
-        const Trn::Token t = peekAt(s, 1);
-        switch (t.type()) {
-        case PREPROC_DIRECTIVE: list->add(parseDirective(s)); continue;
-        case LINE_COMMENT:
-        case BLOCK_COMMENT: list->add(parseComment(s)); continue;
-        case COMMA: get(s); continue;
-        case LBRACE: break;
-        case END_OF_FILE:
-        case INVALID_TOKEN: report(1, t); return nullptr;
-        default: {
-            InitializerNode* initializer = parseInitializer(s);
-            if (!initializer)
-                return nullptr;
-            list->add(initializer);
-            continue;
-        }
-        }
-        break;
-    }
-    if (list->empty())
-        return nullptr;
-    return list.release();
+    return parseCommaList<InitializerListNode>(s, &Parser::parseInitializer);
 }
 
 // `m_size(size)`, `Base<T>(x, y)`
