@@ -2,20 +2,11 @@
 #include "Cpp_StatementNodes.h"
 
 #include "Cpp_Emitter.h"
+#include "Cpp_NodeDispatch.h"
 #include "Cpp_TokenType.h"
 #include "Varnel_Contract.h"
 
 namespace Cpp {
-
-#define TW_COMPOSITE_DISPATCH(Class, operation)                                                                \
-    void Class::accept(Emitter& emitter)                                                                       \
-    {                                                                                                          \
-        emitter.operation(*this);                                                                              \
-    }                                                                                                          \
-    SyntaxNode* Class::clone() const                                                                           \
-    {                                                                                                          \
-        return new Class(*this);                                                                               \
-    }
 
 // begin() and end() from the own range and the child fields in field order.
 #define TW_COMPOSITE_RANGE_OF(Class, ...)                                                                      \
@@ -28,36 +19,36 @@ namespace Cpp {
         return compositeEnd(m_end, {__VA_ARGS__});                                                             \
     }
 
-TW_COMPOSITE_DISPATCH(ClassHeadNode, emitClassHead)
+TW_NODE_DISPATCH(ClassHeadNode, emitClassHead)
 TW_COMPOSITE_RANGE_OF(ClassHeadNode, name(), bases())
 ClassHeadNode::ClassHeadNode(ClassNameNode* name, BaseClauseListNode* bases) : m_name(name), m_bases(bases) {}
 
-TW_COMPOSITE_DISPATCH(ClassDeclNode, emitClassDecl)
+TW_NODE_DISPATCH(ClassDeclNode, emitClassDecl)
 TW_COMPOSITE_RANGE_OF(ClassDeclNode, head(), body())
 ClassDeclNode::ClassDeclNode(ClassHeadNode* head, ClassBodyNode* body) : m_head(head), m_body(body) {}
 
-TW_COMPOSITE_DISPATCH(EnumDeclNode, emitEnumDecl)
+TW_NODE_DISPATCH(EnumDeclNode, emitEnumDecl)
 TW_COMPOSITE_RANGE_OF(EnumDeclNode, head(), body())
 EnumDeclNode::EnumDeclNode(EnumHeadNode* head, EnumBodyNode* body) : m_head(head), m_body(body) {}
 
-TW_COMPOSITE_DISPATCH(NamespaceDeclNode, emitNamespaceDecl)
+TW_NODE_DISPATCH(NamespaceDeclNode, emitNamespaceDecl)
 TW_COMPOSITE_RANGE_OF(NamespaceDeclNode, head(), body())
 NamespaceDeclNode::NamespaceDeclNode(NamespaceHeadNode* head, NamespaceBodyNode* body) : m_head(head), m_body(body)
 {
 }
 
-TW_COMPOSITE_DISPATCH(LinkageBlockNode, emitLinkageBlock)
+TW_NODE_DISPATCH(LinkageBlockNode, emitLinkageBlock)
 TW_COMPOSITE_RANGE_OF(LinkageBlockNode, spec(), body())
 LinkageBlockNode::LinkageBlockNode(ExprNode* spec, LinkageBlockBodyNode* body) : m_spec(spec), m_body(body) {}
 
-TW_COMPOSITE_DISPATCH(TemplateNode, emitTemplate)
+TW_NODE_DISPATCH(TemplateNode, emitTemplate)
 TW_COMPOSITE_RANGE_OF(TemplateNode, keyword(), parameters())
 TemplateNode::TemplateNode(KeywordNode* keyword, ParameterListNode* parameters)
     : m_keyword(keyword), m_parameters(parameters)
 {
 }
 
-TW_COMPOSITE_DISPATCH(FunctionHeadNode, emitFunctionHead)
+TW_NODE_DISPATCH(FunctionHeadNode, emitFunctionHead)
 TW_COMPOSITE_RANGE_OF(FunctionHeadNode, returnType(), name(), parameters(), qualifiers(), exceptionSpec(),
                       pureSpec())
 FunctionHeadNode::FunctionHeadNode(FunctionReturnNode* returnType, IdNode* name, ParameterListNode* parameters,
@@ -67,15 +58,15 @@ FunctionHeadNode::FunctionHeadNode(FunctionReturnNode* returnType, IdNode* name,
 {
 }
 
-TW_COMPOSITE_DISPATCH(InitializerNode, emitInitializer)
+TW_NODE_DISPATCH(InitializerNode, emitInitializer)
 TW_COMPOSITE_RANGE_OF(InitializerNode, name(), args())
 InitializerNode::InitializerNode(IdNode* name, ArgListNode* args) : m_name(name), m_args(args) {}
 
-TW_COMPOSITE_DISPATCH(FunctionDeclNode, emitFunctionDecl)
+TW_NODE_DISPATCH(FunctionDeclNode, emitFunctionDecl)
 TW_COMPOSITE_RANGE_OF(FunctionDeclNode, head(), block())
 FunctionDeclNode::FunctionDeclNode(FunctionHeadNode* head, BlockNode* block) : m_head(head), m_block(block) {}
 
-TW_COMPOSITE_DISPATCH(CtorDeclNode, emitCtorDecl)
+TW_NODE_DISPATCH(CtorDeclNode, emitCtorDecl)
 // In text order: head, initialisers, block.
 TW_COMPOSITE_RANGE_OF(CtorDeclNode, head(), initializers(), block())
 CtorDeclNode::CtorDeclNode(FunctionHeadNode* head, BlockNode* block, InitializerListNode* initializers)
@@ -83,7 +74,7 @@ CtorDeclNode::CtorDeclNode(FunctionHeadNode* head, BlockNode* block, Initializer
 {
 }
 
-TW_COMPOSITE_DISPATCH(FunctionPtrDeclNode, emitFunctionPtrDecl)
+TW_NODE_DISPATCH(FunctionPtrDeclNode, emitFunctionPtrDecl)
 TW_COMPOSITE_RANGE_OF(FunctionPtrDeclNode, type(), name(), parameters(), qualifiers())
 FunctionPtrDeclNode::FunctionPtrDeclNode(TypeNode* type, IdNode* name, ParameterListNode* parameters,
                                          TextNode* qualifiers)
@@ -91,25 +82,25 @@ FunctionPtrDeclNode::FunctionPtrDeclNode(TypeNode* type, IdNode* name, Parameter
 {
 }
 
-TW_COMPOSITE_DISPATCH(DataDeclNode, emitDataDecl)
+TW_NODE_DISPATCH(DataDeclNode, emitDataDecl)
 TW_COMPOSITE_RANGE_OF(DataDeclNode, type(), name(), initializer())
 DataDeclNode::DataDeclNode(TypeNode* type, IdNode* name, ExprNode* initializer)
     : m_type(type), m_name(name), m_initializer(initializer)
 {
 }
 
-TW_COMPOSITE_DISPATCH(CtrlSubStmtHeadNode, emitCtrlSubStmtHead)
+TW_NODE_DISPATCH(CtrlSubStmtHeadNode, emitCtrlSubStmtHead)
 TW_COMPOSITE_RANGE_OF(CtrlSubStmtHeadNode, keyword(), condition())
 CtrlSubStmtHeadNode::CtrlSubStmtHeadNode(KeywordNode* keyword, ExprNode* condition)
     : m_keyword(keyword), m_condition(condition)
 {
 }
 
-TW_COMPOSITE_DISPATCH(CtrlSubStmtNode, emitCtrlSubStmt)
+TW_NODE_DISPATCH(CtrlSubStmtNode, emitCtrlSubStmt)
 TW_COMPOSITE_RANGE_OF(CtrlSubStmtNode, head(), body())
 CtrlSubStmtNode::CtrlSubStmtNode(CtrlSubStmtHeadNode* head, BlockNode* body) : m_head(head), m_body(body) {}
 
-TW_COMPOSITE_DISPATCH(CaseNode, emitCase)
+TW_NODE_DISPATCH(CaseNode, emitCase)
 TW_COMPOSITE_RANGE_OF(CaseNode, keyword(), expression())
 CaseNode::CaseNode(KeywordNode* keyword, ExprNode* expression) : m_expression(expression)
 {
@@ -124,15 +115,14 @@ void CaseNode::setKeyword(KeywordNode* k)
     m_keyword = std::move(owned);
 }
 
-TW_COMPOSITE_DISPATCH(LabelNode, emitLabel)
+TW_NODE_DISPATCH(LabelNode, emitLabel)
 TW_COMPOSITE_RANGE_OF(LabelNode, name())
 LabelNode::LabelNode(IdNode* name) : m_name(name) {}
 
-TW_COMPOSITE_DISPATCH(AsmNode, emitAsm)
+TW_NODE_DISPATCH(AsmNode, emitAsm)
 TW_COMPOSITE_RANGE_OF(AsmNode, text(), body())
 AsmNode::AsmNode(TextNode* text, BlockNode* body, std::int32_t form) : m_text(text), m_body(body), m_form(form) {}
 
-#undef TW_COMPOSITE_DISPATCH
 #undef TW_COMPOSITE_RANGE_OF
 
 } // namespace Cpp

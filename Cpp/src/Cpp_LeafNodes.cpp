@@ -3,6 +3,7 @@
 
 #include "Cpp_CommentText.h"
 #include "Cpp_Emitter.h"
+#include "Cpp_NodeDispatch.h"
 #include "Cpp_TokenType.h"
 #include "Varnel_Contract.h"
 
@@ -12,35 +13,22 @@ InvalidKeyword::InvalidKeyword() : Trn::Exception("Not a keyword") {}
 
 InvalidId::InvalidId() : Trn::Exception("Invalid name for an Identifier") {}
 
-// accept() names the one operation of the node's own class; clone() copies the
-// most derived class.
-#define TW_LEAF_DISPATCH(Class, operation)                                                                     \
-    void Class::accept(Emitter& emitter)                                                                       \
-    {                                                                                                          \
-        emitter.operation(*this);                                                                              \
-    }                                                                                                          \
-    SyntaxNode* Class::clone() const                                                                           \
-    {                                                                                                          \
-        return new Class(*this);                                                                               \
-    }
+TW_NODE_DISPATCH(TextNode, emitText)
+TW_NODE_DISPATCH(CommentNode, emitComment)
+TW_NODE_DISPATCH(PreprocDirectiveNode, emitPreprocDirective)
+TW_NODE_DISPATCH(IdNode, emitId)
+TW_NODE_DISPATCH(ExprNode, emitExpr)
+TW_NODE_DISPATCH(TypeNode, emitType)
+TW_NODE_DISPATCH(FunctionReturnNode, emitFunctionReturn)
+TW_NODE_DISPATCH(ArgNode, emitArg)
+TW_NODE_DISPATCH(KeywordNode, emitKeyword)
+TW_NODE_DISPATCH(AccessSpecNode, emitAccessSpec)
+TW_NODE_DISPATCH(ClassNameNode, emitClassName)
+TW_NODE_DISPATCH(BaseClauseNode, emitBaseClause)
+TW_NODE_DISPATCH(EnumHeadNode, emitEnumHead)
+TW_NODE_DISPATCH(NamespaceHeadNode, emitNamespaceHead)
+TW_NODE_DISPATCH(ParameterNode, emitParameter)
 
-TW_LEAF_DISPATCH(TextNode, emitText)
-TW_LEAF_DISPATCH(CommentNode, emitComment)
-TW_LEAF_DISPATCH(PreprocDirectiveNode, emitPreprocDirective)
-TW_LEAF_DISPATCH(IdNode, emitId)
-TW_LEAF_DISPATCH(ExprNode, emitExpr)
-TW_LEAF_DISPATCH(TypeNode, emitType)
-TW_LEAF_DISPATCH(FunctionReturnNode, emitFunctionReturn)
-TW_LEAF_DISPATCH(ArgNode, emitArg)
-TW_LEAF_DISPATCH(KeywordNode, emitKeyword)
-TW_LEAF_DISPATCH(AccessSpecNode, emitAccessSpec)
-TW_LEAF_DISPATCH(ClassNameNode, emitClassName)
-TW_LEAF_DISPATCH(BaseClauseNode, emitBaseClause)
-TW_LEAF_DISPATCH(EnumHeadNode, emitEnumHead)
-TW_LEAF_DISPATCH(NamespaceHeadNode, emitNamespaceHead)
-TW_LEAF_DISPATCH(ParameterNode, emitParameter)
-
-#undef TW_LEAF_DISPATCH
 
 CommentNode::CommentNode(std::string text, bool isProtected) : m_text(std::move(text)), m_isProtected(isProtected)
 {

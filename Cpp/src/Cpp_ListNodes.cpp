@@ -2,30 +2,19 @@
 #include "Cpp_ListNodes.h"
 
 #include "Cpp_Emitter.h"
+#include "Cpp_NodeDispatch.h"
 
 namespace Cpp {
 
-#define TW_LIST_DISPATCH(Class, operation)                                                                     \
-    void Class::accept(Emitter& emitter)                                                                       \
-    {                                                                                                          \
-        emitter.operation(*this);                                                                              \
-    }                                                                                                          \
-    SyntaxNode* Class::clone() const                                                                           \
-    {                                                                                                          \
-        return new Class(*this);                                                                               \
-    }
-
-TW_LIST_DISPATCH(ArgListNode, emitArgList)
-TW_LIST_DISPATCH(ClassBodyNode, emitClassBody)
-TW_LIST_DISPATCH(EnumBodyNode, emitEnumBody)
-TW_LIST_DISPATCH(NamespaceBodyNode, emitNamespaceBody)
-TW_LIST_DISPATCH(LinkageBlockBodyNode, emitLinkageBlockBody)
-TW_LIST_DISPATCH(ParameterListNode, emitParameterList)
-TW_LIST_DISPATCH(BlockNode, emitBlock)
-TW_LIST_DISPATCH(BaseClauseListNode, emitBaseClauseList)
-TW_LIST_DISPATCH(InitializerListNode, emitInitializerList)
-TW_LIST_DISPATCH(CtrlStmtNode, emitCtrlStmt)
-
-#undef TW_LIST_DISPATCH
+TW_NODE_DISPATCH(ArgListNode, emitArgList)
+TW_NODE_DISPATCH(ClassBodyNode, emitClassBody)
+TW_NODE_DISPATCH(EnumBodyNode, emitEnumBody)
+TW_NODE_DISPATCH(NamespaceBodyNode, emitNamespaceBody)
+TW_NODE_DISPATCH(LinkageBlockBodyNode, emitLinkageBlockBody)
+TW_NODE_DISPATCH(ParameterListNode, emitParameterList)
+TW_NODE_DISPATCH(BlockNode, emitBlock)
+TW_NODE_DISPATCH(BaseClauseListNode, emitBaseClauseList)
+TW_NODE_DISPATCH(InitializerListNode, emitInitializerList)
+TW_NODE_DISPATCH(CtrlStmtNode, emitCtrlStmt)
 
 } // namespace Cpp
