@@ -845,14 +845,31 @@ void Parser::report(std::int32_t code, const Trn::Token& at)
     report(code, placeOf(at));
 }
 
+// Once nesting has gone too deep the parse only unwinds: what the routines
+// on the way out would report follows from that one fault and is not told.
 void Parser::report(std::int32_t code, const Trn::Position& at)
 {
-    m_messages.push_back(Trn::FormatMessage::coded(code, at));
+    if (!m_tooDeep)
+        m_messages.push_back(Trn::FormatMessage::coded(code, at));
 }
 
 void Parser::compose(const std::string& text, const Trn::Token& at)
 {
-    m_messages.push_back(Trn::FormatMessage::composed(text, placeOf(at)));
+    if (!m_tooDeep)
+        m_messages.push_back(Trn::FormatMessage::composed(text, placeOf(at)));
+}
+
+void Parser::reportTooDeep(const Trn::Token& at)
+{
+    if (m_tooDeep)
+        return;
+    m_messages.push_back(Trn::FormatMessage::composed(tooDeepText(), placeOf(at)));
+    m_tooDeep = true;
+}
+
+std::string Parser::tooDeepText()
+{
+    return "nesting deeper than " + std::to_string(MAX_NESTING) + " levels is not supported";
 }
 
 void Parser::ensureProgress(Stream& s, const Trn::Token& before)

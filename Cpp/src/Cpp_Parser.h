@@ -20,8 +20,8 @@
 //     resynchronisation inside a declaration. The top level goes on with the
 //     next token, so one file can report several errors.
 //  4. Every loop consumes at least one token per turn, and nesting deeper than
-//     MAX_NESTING constructs ends the parse with message code 7, so that no
-//     input makes it hang or exhaust the stack.
+//     MAX_NESTING constructs ends the parse with one message saying so, so
+//     that no input makes it hang or exhaust the stack.
 //
 // The routines are split over several files by construct family:
 // Cpp_Parser.cpp (core, top level), Cpp_Parser_Classes.cpp (classes, enums,
@@ -85,8 +85,11 @@ class TextNode;
 class Parser : public Trn::Parser {
 public:
     // Constructs nested deeper than this (blocks, declarations, control
-    // statements) end the parse with message code 7.
+    // statements) end the parse with the message tooDeepText(). The parts of
+    // an `else if` chain do not nest.
     static constexpr int MAX_NESTING = 512;
+    // "nesting deeper than 512 levels is not supported"
+    static std::string tooDeepText();
 
     Parser();
     ~Parser() override;
@@ -140,6 +143,8 @@ private:
     void report(std::int32_t code, const Trn::Token& at);
     void report(std::int32_t code, const Trn::Position& at);
     void compose(const std::string& text, const Trn::Token& at);
+    // The one message of a parse that nests too deep; later ones are dropped.
+    void reportTooDeep(const Trn::Token& at);
     Trn::Position placeOf(const Trn::Token& token) const;
 
     // Makes sure a loop's turn consumed something: drops the token that stood
@@ -204,6 +209,8 @@ private:
     ExprNode* parseExpression(Stream& s);
     CtrlStmtNode* parseControlStatement(Stream& s);
     CtrlSubStmtNode* parseSubStatement(Stream& s);
+    CtrlSubStmtNode* parseElsePart(Stream& s);
+    static bool isElseIf(const CtrlSubStmtNode& part);
     CtrlSubStmtHeadNode* parseHead(Stream& s);
     CaseNode* parseCase(Stream& s);
     LabelNode* parseLabel(Stream& s);

@@ -67,15 +67,13 @@ std::string joinTexts(const std::vector<Trn::Token>& tokens, std::size_t first, 
 namespace Cpp {
 
 // Counts the constructs the parser is inside of; past MAX_NESTING the parse
-// ends with message code 7 at the token where it happened.
+// ends with one message that says so, at the token where it happened.
 class Parser::NestingGuard {
 public:
     NestingGuard(Parser& parser, const Trn::Token& at) : m_parser(parser)
     {
-        if (++m_parser.m_nesting > MAX_NESTING && !m_parser.m_tooDeep) {
-            m_parser.m_tooDeep = true;
-            m_parser.report(7, at);
-        }
+        if (++m_parser.m_nesting > MAX_NESTING)
+            m_parser.reportTooDeep(at);
     }
     ~NestingGuard() { --m_parser.m_nesting; }
     NestingGuard(const NestingGuard&) = delete;

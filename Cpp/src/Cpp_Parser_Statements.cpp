@@ -275,6 +275,14 @@ ExprNode* Parser::parseExpression(Stream& s)
 
 // An if with all its else parts, a try with its catch parts, a do with its
 // while; comments and directives between the parts are children too.
+//
+// An `else if` chain is read in one loop and kept flat, so that a chain of any
+// length costs no nesting depth in this parser or in any walker:
+//   if (a) x; else if (b) y; else z;
+// gives one statement with three parts: `if (a) x;`, then `else` whose body
+// (no braces) holds a statement with the one part `if (b) y;`, then `else z;`.
+// Each else part still reads as "else, then an if statement" on its own; the
+// parts that continue the inner `if` are siblings in the outer statement.
 CtrlStmtNode* Parser::parseControlStatement(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
@@ -312,7 +320,7 @@ CtrlStmtNode* Parser::parseControlStatement(Stream& s)
             else if (isComment(u))
                 node->add(parseComment(s));
             else if (u.type() == due)
-                part = parseSubStatement(s);
+                part = due == ELSE_KEY ? parseElsePart(s) : parseSubStatement(s);
             else
                 break;
             if (part)
@@ -321,9 +329,47 @@ CtrlStmtNode* Parser::parseControlStatement(Stream& s)
         if (!part)
             break;
         node->add(part);
-        last = due;
+        // After `else if (...) ...` an `else` may follow again.
+        last = isElseIf(*part) ? IF_KEY : due;
     }
     return node.release();
+}
+
+// An else part. Before `if` the part is built here rather than by
+// parseSubStatement, so that only the `if` part of the inner statement is read
+// and the chain's further parts come back to the caller's loop.
+CtrlSubStmtNode* Parser::parseElsePart(Stream& s)
+{
+    if (nextSignificant(s, 2).type() != IF_KEY)
+        return parseSubStatement(s);
+    std::unique_ptr<CtrlSubStmtHeadNode> head(parseHead(s));
+    if (!head)
+        return nullptr;
+    // Comments and directives between `else` and `if` stay text in the gap,
+    // as they do in front of any unbraced body.
+    skipDiscardable(s);
+    CtrlSubStmtNode* ifPart = parseSubStatement(s);
+    if (!ifPart)
+        return nullptr;
+    auto inner = std::make_unique<CtrlStmtNode>();
+    inner->add(ifPart);
+    auto body = std::make_unique<BlockNode>();
+    body->add(inner.release());
+    return new CtrlSubStmtNode(head.release(), body.release());
+}
+
+// An else part made by parseElsePart around an `if`.
+bool Parser::isElseIf(const CtrlSubStmtNode& part)
+{
+    const CtrlSubStmtHeadNode* head = part.head();
+    const BlockNode* body = part.body();
+    if (!head || !head->keyword() || head->keyword()->type() != ELSE_KEY || !body || body->size() != 1)
+        return false;
+    const auto* inner = dynamic_cast<const CtrlStmtNode*>(*body->childrenBegin());
+    if (!inner || inner->empty() || inner->begin() != body->begin())
+        return false;
+    const auto* ifPart = dynamic_cast<const CtrlSubStmtNode*>(*inner->childrenBegin());
+    return ifPart && ifPart->head() && ifPart->head()->keyword() && ifPart->head()->keyword()->type() == IF_KEY;
 }
 
 CtrlSubStmtNode* Parser::parseSubStatement(Stream& s)

@@ -139,7 +139,28 @@ TEST(ParserRobustnessTest, TreeCheckFindsLostTokens)
     EXPECT_EQ(TwTest::checkTree(outside, "{ }\nint b;"), "ExprNode 2:1-2:6: lies outside its parent BlockNode 1:1-1:3");
 }
 
-TEST(ParserRobustnessTest, DeepNestingEndsWithAMessage)
+TEST(ParserRobustnessTest, DeepNestingEndsWithOneMessageThatSaysSo)
+{
+    // Each construct, nested 1,000 deep and closed again. (A class body is
+    // gathered once per level, so deeper classes only cost time here.)
+    const std::vector<std::pair<std::string, std::string>> nests = {
+        {"{", "}"}, {"if (x) ", ""}, {"struct A { ", "};"}, {"namespace a { ", "}"}, {"extern \"C\" { ", "}"}};
+    for (const auto& [open, close] : nests) {
+        std::string text;
+        for (int i = 0; i < 1000; ++i)
+            text += open;
+        text += ";";
+        for (int i = 0; i < 1000; ++i)
+            text += close;
+        EXPECT_EQ(verdict(text), "") << open;
+        const std::string messages = TwTest::messagesOf(text);
+        EXPECT_EQ(std::count(messages.begin(), messages.end(), '\n'), 1) << open << messages;
+        EXPECT_NE(messages.find(" code=0 nesting deeper than 512 levels is not supported\n"), std::string::npos)
+            << open << messages;
+    }
+}
+
+TEST(ParserRobustnessTest, UnclosedNestingEndsWithAMessage)
 {
     for (const std::string& open : {std::string("{"), std::string("if (x) "), std::string("struct A { "),
                                     std::string("namespace a { "), std::string("extern \"C\" { "),
@@ -152,14 +173,47 @@ TEST(ParserRobustnessTest, DeepNestingEndsWithAMessage)
     }
 }
 
-TEST(ParserRobustnessTest, LongElseIfChainParses)
+TEST(ParserRobustnessTest, TenThousandNestedBracesGiveOneMessageAtTheFirstTooDeep)
+{
+    const std::string text = "void f() " + std::string(10000, '{') + std::string(10000, '}') + "\n";
+    // The declaration is level 1 and the function's block level 2, so the
+    // 511th brace inside it (column 10 + 511) is one too many.
+    EXPECT_EQ(TwTest::messagesOf(text), "1:521 code=0 nesting deeper than 512 levels is not supported\n");
+}
+
+// if (x == 0) g(); else if (x == 1) g(); ... else h();
+std::string elseIfChain(int branches)
 {
     std::string text = "void f() {\n";
-    for (int i = 0; i < 200; ++i)
+    for (int i = 0; i < branches; ++i)
         text += "  if (x == " + std::to_string(i) + ") g();\n  else";
     text += " h();\n}\n";
+    return text;
+}
+
+TEST(ParserRobustnessTest, ElseIfChainOfTenThousandBranchesParses)
+{
+    const std::string text = elseIfChain(10000);
     EXPECT_EQ(TwTest::messagesOf(text), "");
     EXPECT_EQ(verdict(text), "");
+}
+
+TEST(ParserRobustnessTest, ElseIfChainCostsNoDepth)
+{
+    // A chain inside blocks nested nearly to the limit still parses.
+    std::string text = "void f() " + std::string(500, '{') + elseIfChain(1000) + std::string(500, '}');
+    EXPECT_EQ(TwTest::messagesOf(text), "");
+}
+
+TEST(ParserRobustnessTest, ElseIfChainKeepsItsDepthConstant)
+{
+    TwTest::Parsed parsed;
+    TwTest::parseText(elseIfChain(300), parsed);
+    ASSERT_TRUE(parsed.messages.empty());
+    const auto& body = *dynamic_cast<Cpp::FunctionDeclNode&>(**parsed.root.childrenBegin()).block();
+    const auto& chain = dynamic_cast<Cpp::CtrlStmtNode&>(**body.childrenBegin());
+    // The first if, 299 else-if parts and the last else are siblings.
+    EXPECT_EQ(chain.size(), 301U);
 }
 
 } // namespace

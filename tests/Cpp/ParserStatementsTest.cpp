@@ -244,7 +244,9 @@ TEST(ParserStatementsTest, EmptyBodiesAndWhileWithoutBody)
                 "            ExprNode 1:29-1:31\n");
 }
 
-TEST(ParserStatementsTest, ElseIfNestsInTheElsePart)
+// The else part of a chain holds a statement with the inner `if` alone; the
+// parts that continue the chain are siblings of the first `if`.
+TEST(ParserStatementsTest, ElseIfChainPartsAreSiblings)
 {
     EXPECT_TREE("void f() { if (a) b; else if (c) d; else e; }",
                 "RootNode 1:1-1:45\n"
@@ -261,22 +263,57 @@ TEST(ParserStatementsTest, ElseIfNestsInTheElsePart)
                 "            ExprNode 1:15-1:17\n"
                 "          BlockNode 1:19-1:20\n"
                 "            ExprNode 1:19-1:20\n"
-                "        CtrlSubStmtNode 1:22-1:43\n"
+                "        CtrlSubStmtNode 1:22-1:35\n"
                 "          CtrlSubStmtHeadNode 1:22-1:25\n"
                 "            KeywordNode 1:22-1:25 type=ELSE_KEY\n"
-                "          BlockNode 1:27-1:43\n"
-                "            CtrlStmtNode 1:27-1:43\n"
+                "          BlockNode 1:27-1:35\n"
+                "            CtrlStmtNode 1:27-1:35\n"
                 "              CtrlSubStmtNode 1:27-1:35\n"
                 "                CtrlSubStmtHeadNode 1:27-1:32\n"
                 "                  KeywordNode 1:27-1:28 type=IF_KEY\n"
                 "                  ExprNode 1:30-1:32\n"
                 "                BlockNode 1:34-1:35\n"
                 "                  ExprNode 1:34-1:35\n"
-                "              CtrlSubStmtNode 1:37-1:43\n"
-                "                CtrlSubStmtHeadNode 1:37-1:40\n"
-                "                  KeywordNode 1:37-1:40 type=ELSE_KEY\n"
-                "                BlockNode 1:42-1:43\n"
-                "                  ExprNode 1:42-1:43\n");
+                "        CtrlSubStmtNode 1:37-1:43\n"
+                "          CtrlSubStmtHeadNode 1:37-1:40\n"
+                "            KeywordNode 1:37-1:40 type=ELSE_KEY\n"
+                "          BlockNode 1:42-1:43\n"
+                "            ExprNode 1:42-1:43\n");
+}
+
+TEST(ParserStatementsTest, CommentsInAnElseIfChainStayWhereTheyAre)
+{
+    // Between `}` and `else` a comment is a part of the statement; between
+    // `else` and `if` it stays in the gap in front of the unbraced body.
+    EXPECT_TREE("void f() { if (a) { } // c\n else /* d */ if (b) { } else { } }",
+                "RootNode 1:1-2:35\n"
+                "  FunctionDeclNode 1:1-2:35\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-2:35\n"
+                "      CtrlStmtNode 1:12-2:33\n"
+                "        CtrlSubStmtNode 1:12-1:21\n"
+                "          CtrlSubStmtHeadNode 1:12-1:17\n"
+                "            KeywordNode 1:12-1:13 type=IF_KEY\n"
+                "            ExprNode 1:15-1:17\n"
+                "          BlockNode 1:19-1:21\n"
+                "        CommentNode 1:23-2:0 text=\"// c\\n\"\n"
+                "        CtrlSubStmtNode 2:2-2:24\n"
+                "          CtrlSubStmtHeadNode 2:2-2:5\n"
+                "            KeywordNode 2:2-2:5 type=ELSE_KEY\n"
+                "          BlockNode 2:15-2:24\n"
+                "            CtrlStmtNode 2:15-2:24\n"
+                "              CtrlSubStmtNode 2:15-2:24\n"
+                "                CtrlSubStmtHeadNode 2:15-2:20\n"
+                "                  KeywordNode 2:15-2:16 type=IF_KEY\n"
+                "                  ExprNode 2:18-2:20\n"
+                "                BlockNode 2:22-2:24\n"
+                "        CtrlSubStmtNode 2:26-2:33\n"
+                "          CtrlSubStmtHeadNode 2:26-2:29\n"
+                "            KeywordNode 2:26-2:29 type=ELSE_KEY\n"
+                "          BlockNode 2:31-2:33\n");
 }
 
 TEST(ParserStatementsTest, DeclarationsInBlocks)
