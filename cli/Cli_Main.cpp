@@ -9,8 +9,9 @@
 //   tidewright --dump-tree [FILE...]            print the syntax tree of each input, one node per line
 //
 // Exit status: 0 when every input succeeded, 1 when any input failed to
-// format, 2 for a usage error (an unknown option, an unreadable file or scheme,
-// an unknown scheme name, a scheme directory that cannot be read or created).
+// format or standard output could not be written, 2 for a usage error (an
+// unknown option, an unreadable file or scheme, an unknown scheme name, a
+// scheme directory that cannot be read or created).
 #include "App_SchemeStore.h"
 #include "App_TextJob.h"
 #include "Cli_Inputs.h"
@@ -22,6 +23,8 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <iostream>
 #include <new>
 #include <string>
@@ -45,6 +48,26 @@ struct Options {
 void complain(const std::string& text)
 {
     std::cerr << "tidewright: " << text << '\n';
+}
+
+// Flushes standard output and tells whether everything written reached it. A
+// full disk or a closed file must not pass for success: a script that formats
+// into a temporary file and moves it over the source would lose code.
+bool outputWritten()
+{
+    errno = 0;
+    if (std::cout.flush())
+        return true;
+    // A write that failed earlier, inside the engine, left the stream failed
+    // without a reason at hand: one more flush of what is left asks again.
+    if (errno == 0) {
+        std::cout.clear();
+        std::cout.flush();
+        std::cout.setstate(std::ios::badbit);
+    }
+    const int error = errno;
+    complain(std::string("cannot write to standard output") + (error ? ": " + std::string(std::strerror(error)) : ""));
+    return false;
 }
 
 // Runs one input through `work`, turning internal errors into a failed input.
@@ -79,7 +102,8 @@ int printScheme(const KemptUI::PropertySetStore& store, const std::string& name)
         complain(error);
         return USAGE;
     }
-    return KemptUI::writeSchemeText(std::cout, set) && std::cout.flush() ? SUCCESS : FAILED;
+    KemptUI::writeSchemeText(std::cout, set);
+    return outputWritten() ? SUCCESS : FAILED;
 }
 
 int run(const Options& options)
@@ -95,7 +119,7 @@ int run(const Options& options)
         std::cerr << notice << '\n';
     if (options.listSchemes) {
         App::listSchemes(store, std::cout);
-        return SUCCESS;
+        return outputWritten() ? SUCCESS : FAILED;
     }
     if (!options.printScheme.empty())
         return printScheme(store, options.printScheme);
@@ -119,8 +143,10 @@ int run(const Options& options)
             return App::formatText(input.label(), input.stream(), std::cout, std::cerr, properties, noProgress);
         });
         status = std::max<int>(status, one);
+        // Nothing more can reach the output; the inputs after this one are not read.
+        if (!outputWritten())
+            return std::max<int>(status, FAILED);
     }
-    std::cout.flush();
     return status;
 }
 
