@@ -16,10 +16,34 @@ const char* severityWord(std::int32_t severity)
 
 } // namespace
 
+std::string oneLine(const std::string& text)
+{
+    static const char* const HEX = "0123456789abcdef";
+    std::string line;
+    line.reserve(text.size());
+    for (const char c : text) {
+        const auto u = static_cast<unsigned char>(c);
+        switch (c) {
+        case '\n': line += "\\n"; break;
+        case '\r': line += "\\r"; break;
+        case '\t': line += "\\t"; break;
+        default:
+            if (u < 0x20 || u == 0x7f) {
+                line += "\\x";
+                line += HEX[u >> 4];
+                line += HEX[u & 0xf];
+            } else {
+                line += c;
+            }
+        }
+    }
+    return line;
+}
+
 std::string messageLine(const std::string& path, const Kempt::FormatMessage& message)
 {
-    return path + "(" + std::to_string(message.position.line) + ") : " + severityWord(message.severity) + "col "
-        + std::to_string(message.position.col) + ": " + message.text;
+    return oneLine(path) + "(" + std::to_string(message.position.line) + ") : " + severityWord(message.severity)
+        + "col " + std::to_string(message.position.col) + ": " + oneLine(message.text);
 }
 
 } // namespace App
