@@ -42,7 +42,11 @@ void NodeRangeRemover::removeChildren(InteriorNode& node)
         const Trn::Position begin = child->begin();
         const Trn::Position end = child->end();
         child->accept(*this);
-        visited.push_back({begin, end, m_inRange});
+        // A child that begins before the range is never folded, even when the
+        // range began among its children: a region reaches no further back
+        // than its opening marker. The children in the range were folded
+        // inside the child itself.
+        visited.push_back({begin, end, m_inRange && begin >= m_currentRange.first});
     }
     std::size_t i = 0;
     for (auto it = node.childrenBegin(); it != node.childrenEnd();) {

@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace {
 
 using Kempt::ProtectedRangeScanner;
@@ -156,6 +160,105 @@ TEST(ProtectedRangeScannerTest, UnclosedRegionFoldsNothing)
                                                               "  DataDeclNode 2:1-2:6\n"
                                                               "    TypeNode 2:1-2:3\n"
                                                               "    IdNode 2:5-2:5 text=\"b\"\n");
+}
+
+// No protected comment may begin before the region's opening marker: a node
+// that begins in front of it keeps its place and only its parts inside the
+// region are folded.
+std::string firstProtectedBegin(const std::string& tree)
+{
+    const std::size_t at = tree.find(" protected=1");
+    if (at == std::string::npos)
+        return "";
+    const std::size_t lineStart = tree.rfind('\n', at) + 1;
+    const std::size_t range = tree.find("CommentNode ", lineStart) + 12;
+    return tree.substr(range, tree.find('-', range) - range);
+}
+
+TEST(ProtectedRangeScannerTest, RegionOpenedInAParameterListFoldsOnlyWhatFollowsTheMarker)
+{
+    const std::string tree = analysedTree("void f(int a, /* TW-FORMAT-OFF */ int b) { /* TW-FORMAT-ON */ }");
+    EXPECT_EQ(tree, "RootNode 1:1-1:63\n"
+                    "  FunctionDeclNode 1:1-1:63\n"
+                    "    FunctionHeadNode 1:1-1:40\n"
+                    "      FunctionReturnNode 1:1-1:4\n"
+                    "      IdNode 1:6-1:6 text=\"f\"\n"
+                    "      ParameterListNode 1:7-1:40\n"
+                    "        ParameterNode 1:8-1:12\n"
+                    "        CommentNode 1:15-1:39 protected=1\n");
+}
+
+TEST(ProtectedRangeScannerTest, RegionOpenedAmongClassMembersFoldsTheMembersBehindIt)
+{
+    EXPECT_EQ(analysedTree("class A { int a; // TW-FORMAT-OFF\nint b; int c; // TW-FORMAT-ON\nint d; };"),
+              "RootNode 1:1-3:9\n"
+              "  ClassDeclNode 1:1-3:9\n"
+              "    ClassHeadNode 1:1-1:7\n"
+              "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+              "    ClassBodyNode 1:9-3:8\n"
+              "      DataDeclNode 1:11-1:16\n"
+              "        TypeNode 1:11-1:13\n"
+              "        IdNode 1:15-1:15 text=\"a\"\n"
+              "      CommentNode 1:18-3:0 protected=1\n"
+              "      DataDeclNode 3:1-3:6\n"
+              "        TypeNode 3:1-3:3\n"
+              "        IdNode 3:5-3:5 text=\"d\"\n");
+}
+
+TEST(ProtectedRangeScannerTest, RegionOpenedInsideAnInitialiserLeavesTheDeclarationInPlace)
+{
+    // The initialiser is one span that begins before the marker: it stays,
+    // and the region takes the nodes from the next whole one on.
+    EXPECT_EQ(analysedTree("int a = 1, /* TW-FORMAT-OFF */ b = 2; /* TW-FORMAT-ON */ int c;"),
+              "RootNode 1:1-1:63\n"
+              "  DataDeclNode 1:1-1:37\n"
+              "    TypeNode 1:1-1:3\n"
+              "    IdNode 1:5-1:5 text=\"a\"\n"
+              "    ExprNode 1:7-1:37\n"
+              "  CommentNode 1:39-1:56 protected=1\n"
+              "  DataDeclNode 1:58-1:63\n"
+              "    TypeNode 1:58-1:60\n"
+              "    IdNode 1:62-1:62 text=\"c\"\n");
+}
+
+TEST(ProtectedRangeScannerTest, RegionOpenedInAFunctionBodyAndClosedBehindIt)
+{
+    EXPECT_EQ(analysedTree("void f() { x(); // TW-FORMAT-OFF\ny(); }\n// TW-FORMAT-ON\nint z;\n"),
+              "RootNode 1:1-4:6\n"
+              "  FunctionDeclNode 1:1-2:6\n"
+              "    FunctionHeadNode 1:1-1:8\n"
+              "      FunctionReturnNode 1:1-1:4\n"
+              "      IdNode 1:6-1:6 text=\"f\"\n"
+              "      ParameterListNode 1:7-1:8\n"
+              "    BlockNode 1:10-2:6\n"
+              "      ExprNode 1:12-1:15\n"
+              "      CommentNode 1:17-2:4 protected=1\n"
+              "  CommentNode 3:1-4:0 protected=1\n"
+              "  DataDeclNode 4:1-4:6\n"
+              "    TypeNode 4:1-4:3\n"
+              "    IdNode 4:5-4:5 text=\"z\"\n");
+}
+
+TEST(ProtectedRangeScannerTest, NoProtectedCommentBeginsBeforeItsMarker)
+{
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"void f(int a, /* TW-FORMAT-OFF */ int b) { /* TW-FORMAT-ON */ }", "1:15"},
+        {"int f(int a, // TW-FORMAT-OFF\n int b);\n// TW-FORMAT-ON\n", "1:14"},
+        {"class A : public B, /* TW-FORMAT-OFF */ public C { }; // TW-FORMAT-ON\n", "1:21"},
+        {"A::A() : a(1), /* TW-FORMAT-OFF */ b(2) { } /* TW-FORMAT-ON */", "1:16"},
+        {"enum E { X, /* TW-FORMAT-OFF */ Y, Z }; /* TW-FORMAT-ON */", "1:13"},
+        {"void g() { if (a) { b(); /* TW-FORMAT-OFF */ c(); } d(); /* TW-FORMAT-ON */ }", "1:26"},
+    };
+    for (const auto& [text, marker] : cases) {
+        const std::string tree = analysedTree(text);
+        const std::string begin = firstProtectedBegin(tree);
+        ASSERT_NE(begin, "") << text << "\n" << tree;
+        const auto colon = begin.find(':');
+        const auto markerColon = marker.find(':');
+        const Position at(std::stoi(begin.substr(0, colon)), std::stoi(begin.substr(colon + 1)));
+        const Position fence(std::stoi(marker.substr(0, markerColon)), std::stoi(marker.substr(markerColon + 1)));
+        EXPECT_GE(at, fence) << text << "\n" << tree;
+    }
 }
 
 TEST(ProtectedRangeScannerTest, AnalysisOfATextThatDoesNotParse)
