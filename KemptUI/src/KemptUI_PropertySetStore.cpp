@@ -45,6 +45,19 @@ void replacePairsOfDots(std::string& text)
         text.replace(at, 2, "_");
 }
 
+// Steps 1 to 5 of a new scheme's file name: long names are cut, the
+// extension goes on, and characters that a file name cannot hold become
+// underscores: "a/b:c" -> "a_b_c.tws".
+std::string plainFilename(const std::string& name)
+{
+    std::string candidate = name.size() > LONG_NAME ? name.substr(0, CUT_LENGTH) : name;
+    candidate += PropertySetStore::EXTENSION;
+    replaceEach(candidate, "<>:\\/|");
+    replacePairsOfDots(candidate);
+    replaceEach(candidate, "?");
+    return candidate;
+}
+
 // Overwrites the last characters of `candidate` with the decimal digits of n,
 // keeping its length: "Plain.tws", 1 -> "Plain.tw1"; 10 -> "Plain.t10".
 void stampNumber(std::string& candidate, int n)
@@ -182,12 +195,7 @@ void PropertySetStore::write()
 
     // 1. The files on disk, and the files of writable schemes (sorted, as map keys).
     const std::vector<std::string> onDisk = findPSFiles();
-    std::vector<std::string> keep;
-    for (const auto& [file, name] : m_files) {
-        const auto entry = m_sets.find(name);
-        if (entry != m_sets.end() && !entry->second.readOnly)
-            keep.push_back(file);
-    }
+    std::vector<std::string> keep = filesToKeep(onDisk);
 
     // 2. Files that no writable scheme claims go.
     for (const std::string& file : onDisk)
@@ -208,6 +216,50 @@ void PropertySetStore::write()
         trace.line("Writing " + full);
         writeFile(full, m_sets.at(m_files.at(file)).set);
     }
+}
+
+// The files that writable schemes claim, in byte order. A file on disk that
+// this user may not write is never among them, whoever runs the program: it
+// may be a built-in scheme that holds the same name as one of the user's
+// (root could open it for writing all the same). A writable scheme left with
+// no file of its own that it may write gets a new one.
+std::vector<std::string> PropertySetStore::filesToKeep(const std::vector<std::string>& onDisk)
+{
+    const auto isOnDisk = [&](const std::string& file) { return std::binary_search(onDisk.begin(), onDisk.end(), file); };
+    std::vector<std::string> keep;
+    std::vector<std::string> homeless;
+    for (const auto& [name, entry] : m_sets) {
+        if (entry.readOnly)
+            continue;
+        bool housed = false;
+        for (const auto& [file, owner] : m_files) {
+            if (owner != name || (isOnDisk(file) && !grantsWriteAccess(m_path + file)))
+                continue;
+            keep.push_back(file);
+            housed = true;
+        }
+        if (!housed)
+            homeless.push_back(name);
+    }
+    for (const std::string& name : homeless) {
+        const std::string file = freeFilename(name, onDisk);
+        m_files[file] = name;
+        keep.push_back(file);
+    }
+    std::sort(keep.begin(), keep.end());
+    return keep;
+}
+
+// A file name for `name` that neither a row nor the directory holds, and that
+// the next read finds again: "GNU.tws", then "GNU-1.tws", "GNU-2.tws", ...
+std::string PropertySetStore::freeFilename(const std::string& name, const std::vector<std::string>& onDisk) const
+{
+    std::string candidate = plainFilename(name);
+    const std::string stem = candidate.substr(0, candidate.size() - EXTENSION.size());
+    for (int n = 1; m_files.count(candidate) != 0 || std::binary_search(onDisk.begin(), onDisk.end(), candidate); ++n)
+        candidate = stem + "-" + std::to_string(n) + EXTENSION;
+    TraceScope("PropertySetStore::freeFilename").line("New file for a scheme whose file is read-only: " + candidate);
+    return candidate;
 }
 
 void PropertySetStore::insert(const Kempt::PropertySet& set)
@@ -246,14 +298,8 @@ bool PropertySetStore::replace(const Kempt::PropertySet& set)
 std::string PropertySetStore::validFilename(const std::string& name) const
 {
     TraceScope trace("PropertySetStore::validFilename");
-    // 1. Long names are cut.
-    std::string candidate = name.size() > LONG_NAME ? name.substr(0, CUT_LENGTH) : name;
-    // 2. The extension.
-    candidate += EXTENSION;
-    // 3 to 5. Characters that a file name cannot hold: "a/b:c" -> "a_b_c.tws".
-    replaceEach(candidate, "<>:\\/|");
-    replacePairsOfDots(candidate);
-    replaceEach(candidate, "?");
+    // 1 to 5.
+    std::string candidate = plainFilename(name);
     // 6. A name that a row holds already gets a number at its end: "Plain.tw1".
     for (int n = 1; m_files.count(candidate) != 0; ++n)
         stampNumber(candidate, n);

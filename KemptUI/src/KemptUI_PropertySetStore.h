@@ -15,6 +15,9 @@
 //   2. No two entries share a scheme name; entries are in byte order of names.
 //   3. files() maps file names (no directory) to the scheme name inside them;
 //      several files may name one scheme, and then all are written with it.
+//   4. write() never writes or deletes a file that this user may not write
+//      (see grantsWriteAccess), even when a writable scheme names it: such a
+//      scheme is written to its other files, or to a new one.
 #ifndef KEMPTUI_PROPERTYSETSTORE_H
 #define KEMPTUI_PROPERTYSETSTORE_H
 
@@ -90,6 +93,9 @@ public:
     bool empty() const { return m_sets.empty(); }
 
 private:
+    std::vector<std::string> filesToKeep(const std::vector<std::string>& onDisk);
+    std::string freeFilename(const std::string& name, const std::vector<std::string>& onDisk) const;
+
     std::string m_path;
     Sets m_sets;
     Files m_files;

@@ -259,6 +259,37 @@ TEST(PropertySetStoreTest, WriteKeepsReadOnlyFilesAndDeletesErasedOnes)
     EXPECT_EQ(readBytes(dir.path() / "mine.tws"), "Kempt::PropertySet\r\n1\r\n\"Mine\"\r\n2 TAB_SIZE 4\r\n");
 }
 
+TEST(PropertySetStoreTest, AWritableSchemeWhoseOnlyFileIsReadOnlyGetsANewFile)
+{
+    // The user's "0gnu.tws" and the read-only "GNU.tws" both hold "GNU". The
+    // user erases the scheme and makes it again: its file name would be
+    // GNU.tws, which may not be written (root could), so a new file takes it.
+    TempDir dir;
+    const auto builtIn = dir.path() / "GNU.tws";
+    const std::string builtInText = schemeText("GNU", "2 TAB_SIZE 2\n");
+    writeBytes(builtIn, builtInText);
+    tw_test::setMode(builtIn, tw_test::READ_ONLY);
+    writeBytes(dir.path() / "0gnu.tws", schemeText("GNU", "2 TAB_SIZE 3\n"));
+    PropertySetStore store(dir.path().string());
+    store.read();
+    ASSERT_FALSE(store.find("GNU")->second.readOnly);
+    store.erase("GNU");
+    Kempt::PropertySet mine("GNU");
+    mine.setInt(P::TAB_SIZE, 5);
+    store.insert(mine);
+    store.write();
+    EXPECT_EQ(readBytes(builtIn), builtInText);
+    EXPECT_EQ(tw_test::modeOf(builtIn), tw_test::READ_ONLY);
+    EXPECT_EQ(store.findPSFiles(), (std::vector<std::string>{"GNU-1.tws", "GNU.tws"}));
+    EXPECT_EQ(readBytes(dir.path() / "GNU-1.tws"), "Kempt::PropertySet\r\n1\r\n\"GNU\"\r\n2 TAB_SIZE 5\r\n");
+    // Read again, the user's file comes first and its scheme is the one used.
+    PropertySetStore again(dir.path().string());
+    again.read();
+    std::int32_t tabSize = 0;
+    again.find("GNU")->second.set.getInt(P::TAB_SIZE, tabSize);
+    EXPECT_EQ(tabSize, 5);
+}
+
 TEST(PropertySetStoreTest, InsertOfATakenNameKeepsTheSetAndAddsAFileRow)
 {
     PropertySetStore store("");

@@ -200,21 +200,48 @@ TEST(SchemeStoreTest, TheWriteErrorTextNamesTheFileAndItsDirectory)
               "not marked read-only.");
 }
 
-TEST(SchemeStoreTest, AConversionThatCannotWriteGivesTheWriteErrorText)
+TEST(SchemeStoreTest, AConversionNeverWritesAReadOnlyFileOfTheSameScheme)
 {
     // Two files hold one scheme that needs converting; the second may not be
-    // written. Root may write any file, so only another user sees the failure.
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "root can write a file of mode 0444";
+    // written. Only the first is converted, for root as for anyone else.
     TempDir dir;
     writeBytes(dir.path() / "a.tws", schemeText("Old", ""));
-    writeBytes(dir.path() / "b.tws", schemeText("Old", ""));
+    const std::string frozen = schemeText("Old", "");
+    writeBytes(dir.path() / "b.tws", frozen);
     tw_test::setMode(dir.path() / "b.tws", tw_test::READ_ONLY);
     KemptUI::PropertySetStore store(dir.path().string());
     std::string notice;
     std::string error;
-    EXPECT_FALSE(App::openSchemeStore(store, "", notice, error));
-    EXPECT_EQ(error, App::schemeWriteErrorText(dir.dir() + "b.tws"));
+    ASSERT_TRUE(App::openSchemeStore(store, "", notice, error)) << error;
+    EXPECT_NE(readBytes(dir.path() / "a.tws").find("3 TIDEWRIGHT_VERSION \"1.3.0\"\r\n"), std::string::npos);
+    EXPECT_EQ(readBytes(dir.path() / "b.tws"), frozen);
+    EXPECT_EQ(tw_test::modeOf(dir.path() / "b.tws"), tw_test::READ_ONLY);
+}
+
+TEST(SchemeStoreTest, AUserSchemeNamedLikeABuiltInOneNeverOverwritesIt)
+{
+    // The user's writable file "0gnu.tws" holds a scheme named "GNU" that
+    // needs converting, and sorts before the built-in GNU.tws (mode 0444).
+    // Run as root too: root could open GNU.tws for writing.
+    TempDir dir;
+    KemptUI::PropertySetStore fresh(dir.path().string());
+    std::string notice;
+    std::string error;
+    ASSERT_TRUE(App::openSchemeStore(fresh, BUILT_IN, notice, error)) << error;
+    const std::string builtIn = readBytes(dir.path() / "GNU.tws");
+    writeBytes(dir.path() / "0gnu.tws", schemeText("GNU", "2 TAB_SIZE 3\n"));
+    KemptUI::PropertySetStore store(dir.path().string());
+    ASSERT_TRUE(App::openSchemeStore(store, BUILT_IN, notice, error)) << error;
+    EXPECT_EQ(readBytes(dir.path() / "GNU.tws"), builtIn);
+    EXPECT_EQ(tw_test::modeOf(dir.path() / "GNU.tws"), tw_test::READ_ONLY);
+    const std::string mine = readBytes(dir.path() / "0gnu.tws");
+    EXPECT_NE(mine.find("2 TAB_SIZE 3\r\n"), std::string::npos);
+    EXPECT_NE(mine.find("3 TIDEWRIGHT_VERSION \"1.3.0\"\r\n"), std::string::npos);
+    // The user's scheme is the one in use, and stays so at the next start.
+    KemptUI::PropertySetStore again(dir.path().string());
+    ASSERT_TRUE(App::openSchemeStore(again, BUILT_IN, notice, error)) << error;
+    EXPECT_FALSE(again.find("GNU")->second.readOnly);
+    EXPECT_EQ(notice, "");
 }
 
 TEST(SchemeStoreTest, NoDirectoryIsAnError)
