@@ -38,9 +38,11 @@ void TokenStream::refill()
         m_index = 0;
         return;
     }
-    // 3. Later fills carry the last two consumed tokens over for put-back.
+    // 3. Later fills carry the last two consumed tokens over for put-back;
+    //    a window that deep look-ahead had widened shrinks back to its size.
     m_buffer[0] = std::move(m_buffer[static_cast<std::size_t>(m_index - 2)]);
     m_buffer[1] = std::move(m_buffer[static_cast<std::size_t>(m_index - 1)]);
+    m_buffer.resize(static_cast<std::size_t>(WINDOW));
     m_index = CARRIED;
     for (std::int32_t i = CARRIED; i < WINDOW; ++i)
         m_buffer[static_cast<std::size_t>(i)] = m_lexer->next();
@@ -74,6 +76,8 @@ Token TokenStream::peek(std::int32_t n)
         const Token* t = current();
         return t ? *t : endOfFile();
     }
+    if (m_lexer)
+        return peekAhead(n);
     // Consume n-1 tokens, take the answer, then put the consumed ones back, last
     // first. A get() that found the list exhausted consumed nothing, so it is
     // not put back: look-ahead past the end of a list stays exact.
@@ -92,6 +96,18 @@ Token TokenStream::peek(std::int32_t n)
     for (auto it = kept.rbegin(); it != kept.rend(); ++it)
         putBack(*it);
     return answer;
+}
+
+// Over a lexer, look-ahead widens the window as far as it needs to: the
+// tokens ahead are read into the buffer and stay there for the gets that
+// follow, so a peek of any depth loses nothing.
+Token TokenStream::peekAhead(std::int32_t n)
+{
+    current();
+    const auto place = static_cast<std::size_t>(m_index) + static_cast<std::size_t>(n - 1);
+    while (m_buffer.size() <= place)
+        m_buffer.push_back(m_lexer->next());
+    return m_buffer[place];
 }
 
 const Token& TokenStream::peekInList(std::int32_t n) const

@@ -2,10 +2,11 @@
 // or over a saved list of tokens.
 //
 // Over a lexer the buffer is a window of 7 tokens; at each refill the 2 tokens
-// consumed last are carried over for put-back. So a peek(n) that consumes more
-// than 2 tokens of the old window before a refill loses the earliest tokens of
-// its look-ahead: index stops at 0 during the put-backs. Deep look-ahead belongs
-// on a stream over a saved list, where the whole list is the buffer.
+// consumed last are carried over for put-back. A peek(n) beyond the window
+// widens it by reading the tokens ahead into the buffer, where the gets that
+// follow find them; the next refill shrinks the window back to 7. So look-ahead
+// of any depth is exact and loses nothing: peek(n) gives the token a stream
+// over a list of the same tokens would give.
 //
 // Over a list there is no refill: when index reaches the end it becomes -1
 // ("exhausted"), and from then on the stream gives end-of-file tokens with
@@ -54,6 +55,7 @@ public:
 
 private:
     const Token* current();
+    Token peekAhead(std::int32_t n);
     void refill();
     bool stepBack();
 

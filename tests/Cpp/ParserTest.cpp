@@ -314,4 +314,60 @@ TEST(ParserTest, EveryTextIsReadToItsEnd)
     }
 }
 
+// The shape of a tree: its dump with every position taken out.
+std::string shapeOf(const std::string& text)
+{
+    std::string shape;
+    std::istringstream lines(TwTest::treeOf(text));
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string word;
+        const std::size_t indent = line.find_first_not_of(' ');
+        shape += std::string(indent, ' ');
+        while (words >> word)
+            if (word.find_first_not_of("0123456789:-") != std::string::npos)
+                shape += word + " ";
+        shape += "\n";
+    }
+    return shape;
+}
+
+TEST(ParserTest, LookAheadPastManyCommentsFindsTheSameTokens)
+{
+    // The macro-block form and a declaration behind a run of comments: however
+    // many comments stand between, the parser sees the same tokens.
+    const std::string plain = shapeOf("FOO\n{ x; }\n");
+    const std::string declaration = shapeOf("int\nf() { x; }\n");
+    for (int n = 1; n <= 20; ++n) {
+        std::string comments;
+        for (int i = 1; i <= n; ++i)
+            comments += "// c" + std::to_string(i) + "\n";
+        const std::string text = "FOO\n" + comments + "{ x; }\n";
+        EXPECT_EQ(shapeOf(text), plain) << n;
+        TwTest::Parsed parsed;
+        TwTest::parseText(text, parsed);
+        EXPECT_TRUE(parsed.messages.empty()) << n;
+        EXPECT_EQ(TwTest::checkTree(parsed.root, text), "") << n;
+        const std::string inside = "int\n" + comments + "f() { x; }\n";
+        TwTest::Parsed parsedInside;
+        TwTest::parseText(inside, parsedInside);
+        EXPECT_TRUE(parsedInside.messages.empty()) << n;
+        EXPECT_EQ(TwTest::checkTree(parsedInside.root, inside), "") << n;
+    }
+}
+
+TEST(ParserTest, OffMarkerFarAheadIsFoundBehindManyComments)
+{
+    // nextSignificant skips a TIDEWRIGHT-OFF region that lies behind many
+    // comments; before, the window lost the marker and the parse went astray.
+    std::string text = "FOO\n";
+    for (int i = 0; i < 12; ++i)
+        text += "// c\n";
+    text += "// TIDEWRIGHT-OFF\n]]] ((( \n// TIDEWRIGHT-ON\n{ x; }\n";
+    TwTest::Parsed parsed;
+    TwTest::parseText(text, parsed);
+    EXPECT_TRUE(parsed.messages.empty());
+    EXPECT_EQ(TwTest::checkTree(parsed.root, text), "");
+}
+
 } // namespace

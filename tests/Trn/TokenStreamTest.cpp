@@ -158,16 +158,58 @@ TEST(TokenStreamTest, PeekAcrossRefillKeepsTwoCarriedTokens)
         EXPECT_EQ(stream.get().type(), i);
 }
 
-TEST(TokenStreamTest, DeepPeekAcrossRefillLosesEarliestTokens)
+TEST(TokenStreamTest, DeepPeekAcrossRefillLosesNothing)
 {
-    // After token 1, peek(8) consumes 2..7 of the old window before the refill;
-    // only 6 and 7 are carried over, so the put-backs stop at index 0 and
-    // tokens 2 to 5 are lost to the stream.
+    // After token 1, peek(8) reaches past the window: the window widens to
+    // hold token 9, and every token in between stays for the gets.
     CountingLexer lexer(20);
     Trn::TokenStream stream(lexer);
     stream.get();
     EXPECT_EQ(stream.peek(8).type(), 9);
-    EXPECT_EQ(stream.get().type(), 6);
+    for (int i = 2; i <= 20; ++i)
+        EXPECT_EQ(stream.get().type(), i);
+    EXPECT_EQ(stream.get().type(), -1);
+}
+
+TEST(TokenStreamTest, DeepPeekGivesWhatAListStreamGivesAtEveryDepth)
+{
+    for (int consumed = 0; consumed < 12; ++consumed) {
+        for (int n = 1; n <= 30; ++n) {
+            CountingLexer lexer(25);
+            Trn::TokenStream overLexer(lexer);
+            Trn::TokenStream overList(listOf(25));
+            for (int i = 0; i < consumed; ++i) {
+                overLexer.get();
+                overList.get();
+            }
+            const Trn::Token a = overLexer.peek(n);
+            const Trn::Token b = overList.peek(n);
+            EXPECT_EQ(a.type(), b.type()) << consumed << " " << n;
+            if (b.type() != -1) {
+                EXPECT_EQ(a, b) << consumed << " " << n;
+            }
+            for (int i = consumed + 1; i <= 25; ++i)
+                ASSERT_EQ(overLexer.get().type(), i) << consumed << " " << n;
+        }
+    }
+}
+
+TEST(TokenStreamTest, AWidenedWindowShrinksBackAtTheNextRefill)
+{
+    CountingLexer lexer(40);
+    Trn::TokenStream stream(lexer);
+    EXPECT_EQ(stream.peek(20).type(), 20);
+    EXPECT_EQ(stream.bufferSize(), 20u);
+    for (int i = 1; i <= 21; ++i)
+        stream.get();
+    EXPECT_EQ(stream.bufferSize(), 7u);
+    EXPECT_EQ(stream.index(), 3);
+    // Two ungets across the refill, as always.
+    stream.unget();
+    stream.unget();
+    stream.unget();
+    stream.unget();
+    EXPECT_EQ(stream.get().type(), 19);
 }
 
 TEST(TokenStreamTest, ListStreamGivesListThenEndOfFileWithDefaultPositions)
