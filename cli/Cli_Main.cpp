@@ -3,15 +3,17 @@
 //   tidewright [--scheme NAME | --scheme-file PATH] [FILE...]   format each FILE (or standard input)
 //   tidewright --dump-tokens [FILE...]          print the tokens of each input, one per line
 //   tidewright --list-schemes | --print-scheme NAME   show the schemes of the scheme directory
-// At start the scheme directory (--scheme-dir, TIDEWRIGHT_SCHEME_DIR, or the
-// user's data directory) gets the built-in schemes, is read, and old schemes
-// are converted; what the conversion has to tell goes to standard error.
+// A command that needs the scheme directory (--scheme-dir, TIDEWRIGHT_SCHEME_DIR,
+// or the user's data directory) first fills it with the built-in schemes, reads
+// it and converts old schemes; what the conversion has to tell goes to
+// standard error. --scheme-file and the dumps do not read the directory.
 //   tidewright --dump-tree [FILE...]            print the syntax tree of each input, one node per line
 //
 // Exit status: 0 when every input succeeded, 1 when any input failed to
 // format or standard output could not be written, 2 for a usage error (an
 // unknown option, an unreadable file or scheme, an unknown scheme name, a
 // scheme directory that cannot be read or created).
+#include "App_SchemeFile.h"
 #include "App_SchemeStore.h"
 #include "App_TextJob.h"
 #include "Cli_Inputs.h"
@@ -106,29 +108,64 @@ int printScheme(const KemptUI::PropertySetStore& store, const std::string& name)
     return outputWritten() ? SUCCESS : FAILED;
 }
 
-int run(const Options& options)
+// The start of a session on the scheme directory; false when it failed, which
+// has been told.
+bool openStore(KemptUI::PropertySetStore& store)
 {
-    KemptUI::PropertySetStore store(App::schemeDirectory(options.schemeDir));
     std::string notice;
     std::string error;
     if (!App::openSchemeStore(store, App::builtInSchemeDirectory(), notice, error)) {
         complain(error);
-        return USAGE;
+        return false;
     }
     if (!notice.empty())
         std::cerr << notice << '\n';
-    if (options.listSchemes) {
+    return true;
+}
+
+// The scheme to format with: the file named by path, which needs no scheme
+// directory, else a scheme of the directory. False when it failed, which has
+// been told.
+bool chooseScheme(const Options& options, Kempt::PropertySet& properties)
+{
+    std::string error;
+    if (!options.schemeFile.empty()) {
+        std::string notice;
+        if (!App::loadSchemeFile(options.schemeFile, properties, notice, error)) {
+            complain(error);
+            return false;
+        }
+        if (!notice.empty())
+            complain(notice);
+        return true;
+    }
+    KemptUI::PropertySetStore store(App::schemeDirectory(options.schemeDir));
+    if (!openStore(store))
+        return false;
+    if (!App::selectScheme(store, options.schemeName, properties, error)) {
+        complain(error);
+        return false;
+    }
+    return true;
+}
+
+int run(const Options& options)
+{
+    if (options.listSchemes || !options.printScheme.empty()) {
+        KemptUI::PropertySetStore store(App::schemeDirectory(options.schemeDir));
+        if (!openStore(store))
+            return USAGE;
+        if (!options.printScheme.empty())
+            return printScheme(store, options.printScheme);
         App::listSchemes(store, std::cout);
         return outputWritten() ? SUCCESS : FAILED;
     }
-    if (!options.printScheme.empty())
-        return printScheme(store, options.printScheme);
 
+    // The dumps show how a text reads; they need no scheme.
+    const bool dumping = options.dumpTokens || options.dumpTree;
     Kempt::PropertySet properties;
-    if (!App::selectScheme(store, options.schemeName, options.schemeFile, properties, error)) {
-        complain(error);
+    if (!dumping && !chooseScheme(options, properties))
         return USAGE;
-    }
 
     Kempt::UpdateFunctor noProgress;
     int status = SUCCESS;

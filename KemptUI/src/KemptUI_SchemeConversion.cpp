@@ -197,6 +197,24 @@ std::string readOnlyText(const std::vector<std::string>& listed)
 
 } // namespace
 
+SchemeConversion convertScheme(Kempt::PropertySet& set, std::string& from)
+{
+    from.clear();
+    set.getString(P::TIDEWRIGHT_VERSION, from);
+    OneScheme scheme{set, false};
+    std::string version;
+    std::vector<std::string> listed;
+    try {
+        convertOne(scheme, version, listed);
+    } catch (const Varnel::ContractViolation&) {
+        return SchemeConversion::INVALID;
+    }
+    if (!scheme.changed)
+        return SchemeConversion::CURRENT;
+    set.swap(scheme.set);
+    return SchemeConversion::CONVERTED;
+}
+
 bool isOlderVersion(const std::string& a, const std::string& b)
 {
     const VersionNumbers older = parseVersion(a);

@@ -8,6 +8,10 @@
 
 #include <string>
 
+namespace Kempt {
+class PropertySet;
+}
+
 namespace KemptUI {
 
 class PropertySetStore;
@@ -22,6 +26,18 @@ inline constexpr const char* CONVERSION_TARGET = VERSION_1_3_0;
 // (a WriteError passes to the caller). Returns the text to show the user, or
 // "" when there is nothing to tell.
 std::string convertSchemes(PropertySetStore& store);
+
+// What convertScheme did to one scheme.
+enum class SchemeConversion {
+    CURRENT,   // at the newest layout already: unchanged
+    CONVERTED, // brought up to CONVERSION_TARGET
+    INVALID    // its version is not three numbers joined by points: unchanged
+};
+
+// Brings one scheme up to the newest layout in memory, by the steps that
+// convertSchemes runs for a writable scheme of the store; nothing is written.
+// `from` receives the version the scheme had ("" when it had none).
+SchemeConversion convertScheme(Kempt::PropertySet& set, std::string& from);
 
 // True when version `a` is older than `b`, comparing major, minor, patch.
 // Both must be three integers joined by points: the contracts "numDots == 2"

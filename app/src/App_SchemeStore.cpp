@@ -1,7 +1,6 @@
 // The scheme directory, the built-in schemes and the choice of a scheme.
 #include "App_SchemeStore.h"
 
-#include "App_SchemeFile.h"
 #include "KemptUI_PropertySetStore.h"
 #include "KemptUI_SchemeConversion.h"
 #include "KemptUI_Trace.h"
@@ -257,11 +256,9 @@ bool findScheme(const KemptUI::PropertySetStore& store, const std::string& name,
     return true;
 }
 
-bool selectScheme(const KemptUI::PropertySetStore& store, const std::string& name, const std::string& schemeFile,
-                  Kempt::PropertySet& set, std::string& error)
+bool selectScheme(const KemptUI::PropertySetStore& store, const std::string& name, Kempt::PropertySet& set,
+                  std::string& error)
 {
-    if (!schemeFile.empty())
-        return readSchemeFile(schemeFile, set, error);
     return findScheme(store, name.empty() ? std::string(DEFAULT_SCHEME) : name, set, error);
 }
 

@@ -7,7 +7,7 @@
 //   std::string notice, error;
 //   if (!App::openSchemeStore(store, App::builtInSchemeDirectory(), notice, error)) -> report error, stop
 //   if (!notice.empty()) -> tell the user once
-//   App::selectScheme(store, name, file, properties, error)
+//   App::selectScheme(store, name, properties, error)
 #ifndef APP_SCHEMESTORE_H
 #define APP_SCHEMESTORE_H
 
@@ -66,10 +66,10 @@ std::string schemeWriteErrorText(const std::string& file);
 bool findScheme(const KemptUI::PropertySetStore& store, const std::string& name, Kempt::PropertySet& set,
                 std::string& error);
 
-// The scheme to format with: the file `schemeFile` when given, else the store's
-// scheme `name`, else the store's DEFAULT_SCHEME.
-bool selectScheme(const KemptUI::PropertySetStore& store, const std::string& name, const std::string& schemeFile,
-                  Kempt::PropertySet& set, std::string& error);
+// The scheme of the store to format with: `name`, or DEFAULT_SCHEME when it is
+// empty. (A scheme file named by path needs no store: see loadSchemeFile.)
+bool selectScheme(const KemptUI::PropertySetStore& store, const std::string& name, Kempt::PropertySet& set,
+                  std::string& error);
 
 // One line per scheme, in store order; read-only ones end in " (built-in)".
 void listSchemes(const KemptUI::PropertySetStore& store, std::ostream& out);

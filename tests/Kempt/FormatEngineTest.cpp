@@ -249,4 +249,27 @@ TEST(FormatEngineTest, TwoThreadsFormatAtOnce)
         EXPECT_EQ(out, text);
 }
 
+TEST(FormatEngineTest, AStrayClosingBraceAtFileLevelPassesByteForByte)
+{
+    for (const std::string& text : {std::string("int a;\n}\nint b;\n"), std::string("}\r\n}  }\r\nvoid f() { }\r\n")}) {
+        const RunResult run = format(text);
+        EXPECT_EQ(run.result, 0);
+        EXPECT_TRUE(run.messages.empty());
+        EXPECT_EQ(run.out, text);
+    }
+}
+
+TEST(FormatEngineTest, AnElseIfChainOfTenThousandBranchesGoesThroughThePipeline)
+{
+    std::string text = "void f(int x)\n{\n";
+    for (int i = 0; i < 10000; ++i)
+        text += "    if (x == " + std::to_string(i) + ") g();\n    else ";
+    text += "h();\n}\n";
+    const RunResult run = format(text);
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(run.messages.empty());
+    EXPECT_EQ(run.out, text);
+}
+
 } // namespace
+

@@ -306,4 +306,40 @@ TEST(SchemeConversionTest, AnEmptyStoreHasNothingToSay)
     EXPECT_EQ(convertSchemes(store), "");
 }
 
+TEST(SchemeConversionTest, OneSchemeIsConvertedInMemory)
+{
+    Kempt::PropertySet old("Old");
+    old.setInt(P::SPACES_PER_TAB, 3);
+    std::string from = "stale";
+    EXPECT_EQ(KemptUI::convertScheme(old, from), KemptUI::SchemeConversion::CONVERTED);
+    EXPECT_EQ(from, "");
+    EXPECT_EQ(stringOf(old, P::TIDEWRIGHT_VERSION), "1.3.0");
+    std::int32_t tabSize = 0;
+    EXPECT_TRUE(old.getInt(P::TAB_SIZE, tabSize));
+    EXPECT_EQ(tabSize, 3);
+
+    Kempt::PropertySet second("Second");
+    second.setString(P::TIDEWRIGHT_VERSION, "1.2.2");
+    EXPECT_EQ(KemptUI::convertScheme(second, from), KemptUI::SchemeConversion::CONVERTED);
+    EXPECT_EQ(from, "1.2.2");
+    EXPECT_EQ(stringOf(second, P::WS_BEFORE_LBRACKET), "");
+    EXPECT_EQ(stringOf(second, P::WS_BETWEEN_UNARY_OP_OPERAND), "<missing>"); // only the last step ran
+}
+
+TEST(SchemeConversionTest, OneCurrentOrInvalidSchemeStaysAsItIs)
+{
+    Kempt::PropertySet current("Current");
+    current.setString(P::TIDEWRIGHT_VERSION, "1.3.0");
+    const Kempt::PropertySet before = current;
+    std::string from;
+    EXPECT_EQ(KemptUI::convertScheme(current, from), KemptUI::SchemeConversion::CURRENT);
+    EXPECT_EQ(current.count(), before.count());
+    Kempt::PropertySet invalid("Invalid");
+    invalid.setString(P::TIDEWRIGHT_VERSION, "1.3");
+    EXPECT_EQ(KemptUI::convertScheme(invalid, from), KemptUI::SchemeConversion::INVALID);
+    EXPECT_EQ(from, "1.3");
+    EXPECT_EQ(invalid.count(), 1u);
+}
+
 } // namespace
+

@@ -261,16 +261,14 @@ TEST(SchemeStoreTest, SchemesAreChosenByExactName)
     std::string error;
     ASSERT_TRUE(App::openSchemeStore(store, BUILT_IN, notice, error));
     Kempt::PropertySet set;
-    ASSERT_TRUE(App::selectScheme(store, "", "", set, error));
+    ASSERT_TRUE(App::selectScheme(store, "", set, error));
     EXPECT_EQ(set.name(), "default");
-    ASSERT_TRUE(App::selectScheme(store, "K&R", "", set, error));
+    ASSERT_TRUE(App::selectScheme(store, "K&R", set, error));
     EXPECT_EQ(set.name(), "K&R");
     EXPECT_FALSE(App::findScheme(store, "Default", set, error));
     EXPECT_EQ(set.name(), "K&R");
     EXPECT_EQ(error.substr(0, 56), "no scheme named 'Default'; available schemes:\n  GNU (bui");
     EXPECT_NE(error.find("\n  default (built-in)"), std::string::npos) << error;
-    ASSERT_TRUE(App::selectScheme(store, "", std::string(TW_TEST_DATA_DIR) + "/schemes/minimal.tws", set, error));
-    EXPECT_EQ(set.name(), "Minimal");
 }
 
 TEST(SchemeStoreTest, AnEmptyStoreSaysSo)
@@ -280,7 +278,7 @@ TEST(SchemeStoreTest, AnEmptyStoreSaysSo)
     store.read();
     Kempt::PropertySet set;
     std::string error;
-    EXPECT_FALSE(App::selectScheme(store, "", "", set, error));
+    EXPECT_FALSE(App::selectScheme(store, "", set, error));
     EXPECT_EQ(error, "no scheme named 'default'; there are no schemes in " + dir.dir());
 }
 

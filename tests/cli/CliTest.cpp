@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -70,6 +71,13 @@ protected:
 
     Result run(const std::vector<std::string>& args, const std::string& input = "")
     {
+        return runTo(m_dir / "stdout.txt", args, input);
+    }
+
+    // Runs with standard output going to `out` (such as /dev/full); the
+    // result's `out` is what that file holds afterwards.
+    Result runTo(const fs::path& out, const std::vector<std::string>& args, const std::string& input = "")
+    {
         const fs::path in = file("stdin.txt", input);
         std::string cmd = "env";
         for (const auto& [name, value] : m_env) // options first, then assignments
@@ -79,10 +87,11 @@ protected:
         cmd += " " + quote(TW_CLI_PATH);
         for (const std::string& a : args)
             cmd += " " + quote(a);
-        cmd += " < " + quote(in.string()) + " > " + quote((m_dir / "stdout.txt").string()) + " 2> "
+        cmd += " < " + quote(in.string()) + " > " + quote(out.string()) + " 2> "
             + quote((m_dir / "stderr.txt").string());
         const int raw = std::system(cmd.c_str());
-        return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, readFile(m_dir / "stdout.txt"),
+        // A device such as /dev/full reads without end: only files are read back.
+        return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, fs::is_regular_file(out) ? readFile(out) : std::string(),
                 readFile(m_dir / "stderr.txt")};
     }
 
@@ -468,6 +477,123 @@ TEST_F(CliTest, LeaveAsIsGivesTheSampleBackUnchanged)
     const Result r = run({"--scheme", "Leave as is", sample});
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.out, readFile(sample));
+}
+
+TEST_F(CliTest, AFullOutputIsAFailureWithAMessage)
+{
+    // A script that formats into a temporary file and moves it over the
+    // source must see the failure.
+    const std::string sample = std::string(TW_EXAMPLES_DIR) + "/sample.cpp";
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{sample}, {"--dump-tree", sample}, {"--dump-tokens", sample}, {"--list-schemes"},
+          {"--print-scheme", "default"}}) {
+        const Result r = runTo("/dev/full", args);
+        EXPECT_EQ(r.status, 1) << args.front();
+        EXPECT_EQ(r.err.substr(r.err.find("tidewright: cannot")),
+                  "tidewright: cannot write to standard output: No space left on device\n")
+            << args.front() << r.err;
+    }
+}
+
+TEST_F(CliTest, AFullOutputStopsBeforeTheNextInput)
+{
+    const fs::path a = file("a.cpp", "int a;\n");
+    const Result r = runTo("/dev/full", {a.string(), (m_dir / "missing.cpp").string()});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.err, "tidewright: cannot write to standard output: No space left on device\n");
+}
+
+TEST_F(CliTest, EveryMessageStaysOnOneLine)
+{
+    for (const std::string text : {"void f() { switch (x) { default /* multi\n line */ : ; } }\n",
+                                   "class A { public /* x\ny */ : int a; };\n"}) {
+        const Result r = run({}, text);
+        EXPECT_EQ(r.status, 1);
+        EXPECT_EQ(r.out, "");
+        ASSERT_FALSE(r.err.empty());
+        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+        EXPECT_EQ(r.err.rfind("<stdin>(1) : error: col ", 0), 0u) << r.err;
+    }
+    EXPECT_NE(run({}, "class A { public /* x\ny */ : int a; };\n").err.find("Found: /* x\\ny */\n"),
+              std::string::npos);
+}
+
+TEST_F(CliTest, AnImpossiblePureSpecifierFailsWithNothingOnStandardOutput)
+{
+    const Result r = run({}, "int f() = 1;\n");
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(r.err, "<stdin>(1) : error: col 9: Expected '= 0' to indicate a pure virtual function. Got: \n");
+}
+
+TEST_F(CliTest, AStrayClosingBraceComesOutUnchanged)
+{
+    const std::string text = "int a;\n}\nint b;\n";
+    for (const std::string scheme : {"default", "Leave as is"}) {
+        const Result r = run({"--scheme", scheme}, text);
+        EXPECT_EQ(r.status, 0) << scheme << r.err;
+        EXPECT_EQ(r.out, text) << scheme;
+    }
+}
+
+TEST_F(CliTest, TooDeepNestingIsToldOnceInWords)
+{
+    const Result r = run({}, "void f() " + std::string(10000, '{') + std::string(10000, '}') + "\n");
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(r.err, "<stdin>(1) : error: col 521: nesting deeper than 512 levels is not supported\n");
+}
+
+TEST_F(CliTest, ALongElseIfChainFormats)
+{
+    std::string text = "void f(int x)\n{\n";
+    for (int i = 0; i < 10000; ++i)
+        text += "    if (x == " + std::to_string(i) + ")\n        g();\n    else\n";
+    text += "        h();\n}\n";
+    const Result r = run({"--scheme", "Leave as is"}, text);
+    EXPECT_EQ(r.status, 0) << r.err.substr(0, 200);
+    EXPECT_EQ(r.out, text);
+}
+
+TEST_F(CliTest, SchemeFileNeedsNoSchemeDirectory)
+{
+    // A corrupt file in the scheme directory stops the commands that read the
+    // directory, and no other.
+    fs::create_directories(schemeDir());
+    file("schemes/broken.tws", "this is not a scheme\n");
+    const Result r = run({"--scheme-file", DATA + "/schemes/current.tws"}, "int x;\n");
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "int x;\n");
+    EXPECT_EQ(r.err, "");
+    EXPECT_EQ(run({"--dump-tree"}, "int x;\n").status, 0);
+    EXPECT_EQ(run({"--dump-tokens"}, "int x;\n").status, 0);
+    EXPECT_EQ(run({}, "int x;\n").status, 2);
+    EXPECT_EQ(run({"--list-schemes"}).status, 2);
+}
+
+TEST_F(CliTest, AnOldSchemeFileIsConvertedInMemoryWithANote)
+{
+    const fs::path old = file("old.tws", "Kempt::PropertySet\n1\n\"Old\"\n2 SPACES_PER_TAB 3\n"
+                                         "3 TIDEWRIGHT_VERSION \"1.2.1\"\n");
+    const std::string before = readFile(old);
+    const Result r = run({"--scheme-file", old.string()}, "int x;\n");
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "int x;\n");
+    EXPECT_EQ(r.err, "tidewright: note: the scheme file '" + old.string()
+                         + "' was made by version 1.2.1 of Tidewright C++; it has been converted to version 1.3.0 for "
+                           "this run (the file itself is unchanged)\n");
+    EXPECT_EQ(readFile(old), before);
+}
+
+TEST_F(CliTest, ASchemeFileWithAnInvalidVersionIsUsedAsItStandsWithAWarning)
+{
+    const fs::path odd = file("odd.tws", "Kempt::PropertySet\n1\n\"Odd\"\n3 TIDEWRIGHT_VERSION \"1.3\"\n");
+    const Result r = run({"--scheme-file", odd.string()}, "int x;\n");
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "int x;\n");
+    EXPECT_EQ(r.err, "tidewright: warning: The scheme: 'Odd' has the invalid value: 1.3 for the option: "
+                     "TIDEWRIGHT_VERSION.\nThe scheme file may have become corrupted.\nThe scheme file '"
+                         + odd.string() + "' is used as it stands.\n");
 }
 
 } // namespace
