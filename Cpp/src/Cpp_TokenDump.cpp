@@ -2,6 +2,7 @@
 #include "Cpp_TokenDump.h"
 
 #include "Cpp_Lexer.h"
+#include "Varnel_Text.h"
 
 #include <ostream>
 
@@ -9,30 +10,7 @@ namespace Cpp {
 
 std::string quoteText(const std::string& text)
 {
-    static constexpr char HEX[] = "0123456789abcdef";
-    std::string quoted;
-    quoted.reserve(text.size() + 2);
-    quoted += '"';
-    for (const char ch : text) {
-        const auto c = static_cast<unsigned char>(ch);
-        switch (c) {
-        case '\\': quoted += "\\\\"; break;
-        case '"': quoted += "\\\""; break;
-        case '\n': quoted += "\\n"; break;
-        case '\r': quoted += "\\r"; break;
-        case '\t': quoted += "\\t"; break;
-        default:
-            if (c < 0x20 || c == 0x7f) {
-                quoted += "\\x";
-                quoted += HEX[c >> 4];
-                quoted += HEX[c & 0xf];
-            } else {
-                quoted += ch;
-            }
-        }
-    }
-    quoted += '"';
-    return quoted;
+    return '"' + Varnel::escapeControlCharacters(text, true) + '"';
 }
 
 namespace {

@@ -22,4 +22,12 @@ TEST(TextTest, UnescapesBackslashes)
     EXPECT_EQ(Varnel::unescapeBackslashes(""), "");
 }
 
+TEST(TextTest, EscapesControlCharactersToKeepATextOnOneLine)
+{
+    EXPECT_EQ(Varnel::escapeControlCharacters("a\nb\r\tc\x01\x7f \"q\" \\"), "a\\nb\\r\\tc\\x01\\x7f \"q\" \\");
+    EXPECT_EQ(Varnel::escapeControlCharacters("\"q\" \\ \n", true), "\\\"q\\\" \\\\ \\n");
+    EXPECT_EQ(Varnel::escapeControlCharacters("caf\xc3\xa9"), "caf\xc3\xa9");
+}
+
 } // namespace
+

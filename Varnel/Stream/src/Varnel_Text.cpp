@@ -57,4 +57,33 @@ std::string unescapeBackslashes(std::string_view text)
     return value;
 }
 
+std::string escapeControlCharacters(std::string_view text, bool quotes)
+{
+    static constexpr char HEX[] = "0123456789abcdef";
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char ch : text) {
+        const auto c = static_cast<unsigned char>(ch);
+        if (quotes && (ch == '\\' || ch == '"')) {
+            escaped += '\\';
+            escaped += ch;
+            continue;
+        }
+        switch (ch) {
+        case '\n': escaped += "\\n"; break;
+        case '\r': escaped += "\\r"; break;
+        case '\t': escaped += "\\t"; break;
+        default:
+            if (c < 0x20 || c == 0x7f) {
+                escaped += "\\x";
+                escaped += HEX[c >> 4];
+                escaped += HEX[c & 0xf];
+            } else {
+                escaped += ch;
+            }
+        }
+    }
+    return escaped;
+}
+
 } // namespace Varnel

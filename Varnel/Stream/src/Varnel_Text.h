@@ -1,5 +1,6 @@
-// Small text helpers shared by the layers: trimming by isspace, and the
-// backslash unescaping that literals and scheme files use alike.
+// Small text helpers shared by the layers: trimming by isspace, the backslash
+// unescaping that literals and scheme files use alike, and the escaping that
+// keeps a text on one line.
 #ifndef VARNEL_TEXT_H
 #define VARNEL_TEXT_H
 
@@ -17,6 +18,12 @@ std::string_view trim(std::string_view text);
 // character is dropped and the character stays; a backslash at the very end
 // is dropped.
 std::string unescapeBackslashes(std::string_view text);
+
+// The text with its control characters escaped, so that it stays on one
+// line: newline, carriage return and tab as \n \r \t, other bytes below 0x20
+// and 0x7f as \xHH. With `quotes` a backslash and a double quote are escaped
+// too (\\ and \"), so that the text can stand between double quotes.
+std::string escapeControlCharacters(std::string_view text, bool quotes = false);
 
 } // namespace Varnel
 
