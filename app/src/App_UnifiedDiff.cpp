@@ -36,21 +36,32 @@ struct Edit {
     const std::string* line;
 };
 
-std::vector<Edit> editScript(const std::vector<std::string>& a, const std::vector<std::string>& b)
+using EditScript = std::vector<std::pair<std::string, dtl::elemInfo>>;
+
+// The shortest edit script from `a` to `b`. Its lines are taken from the
+// script itself, never through its line numbers: dtl restarts long scripts on
+// the rest of both texts and then numbers them from the wrong origin.
+EditScript editScript(const std::vector<std::string>& a, const std::vector<std::string>& b)
 {
     dtl::Diff<std::string, std::vector<std::string>> diff(a, b);
     if (a.size() + b.size() > 100000)
         diff.onHuge();
     diff.compose();
-    std::vector<Edit> edits;
-    for (const auto& [line, info] : diff.getSes().getSequence()) {
+    return diff.getSes().getSequence();
+}
+
+std::vector<Edit> toEdits(const EditScript& script)
+{
+    std::vector<Edit> out;
+    out.reserve(script.size());
+    for (const auto& [line, info] : script) {
         switch (info.type) {
-        case dtl::SES_COMMON: edits.push_back({Op::KEEP, &a[static_cast<std::size_t>(info.beforeIdx - 1)]}); break;
-        case dtl::SES_DELETE: edits.push_back({Op::REMOVE, &a[static_cast<std::size_t>(info.beforeIdx - 1)]}); break;
-        default: edits.push_back({Op::ADD, &b[static_cast<std::size_t>(info.afterIdx - 1)]}); break;
+        case dtl::SES_COMMON: out.push_back({Op::KEEP, &line}); break;
+        case dtl::SES_DELETE: out.push_back({Op::REMOVE, &line}); break;
+        default: out.push_back({Op::ADD, &line}); break;
         }
     }
-    return edits;
+    return out;
 }
 
 // "l,n" of a hunk head; a range of no lines names the line before it.
@@ -150,7 +161,8 @@ std::string unifiedDiff(const std::string& path, std::string_view before, std::s
         return "";
     const std::vector<std::string> a = splitLines(before);
     const std::vector<std::string> b = splitLines(after);
-    const std::vector<Edit> edits = editScript(a, b);
+    const EditScript script = editScript(a, b);
+    const std::vector<Edit> edits = toEdits(script);
     const std::size_t context = static_cast<std::size_t>(style.context < 0 ? 0 : style.context);
 
     std::string out;

@@ -77,6 +77,16 @@ std::string patched(const fs::path& dir, const std::string& name, const std::str
     return readBytes(dir / name);
 }
 
+// Thousands of changed lines: the line matcher then works in several rounds,
+// and the diff must still be exact.
+std::string manyLines(bool squeezed)
+{
+    std::string text;
+    for (int i = 0; i < 6000; ++i)
+        text += "#define NAME_" + std::to_string(i) + (squeezed ? " " : "        ") + std::to_string(i % 97) + "\n";
+    return text;
+}
+
 TEST(UnifiedDiffTest, PatchAppliesTheDiffToGiveTheFormattedText)
 {
     TempDir tmp;
@@ -104,6 +114,7 @@ TEST(UnifiedDiffTest, PatchAppliesTheDiffToGiveTheFormattedText)
         {"crlf\r\nline\r\n", "crlf\nline\n"},
         {"\tint\tx;\n#define A  1\n", "    int x;\n#define A 1\n"},
         {longText, longSqueezed},
+        {manyLines(false), manyLines(true)},
     };
     for (const Case& c : cases)
         EXPECT_EQ(patched(dir, "src/a file.cpp", c.before, c.after), c.after) << c.before;
