@@ -74,6 +74,15 @@ std::string SourceText::slice(const Trn::Position& from, const Trn::Position& th
     return m_text.substr(first, std::min(last + 1, m_text.size()) - first);
 }
 
+std::string SourceText::between(const Trn::Position& from, const Trn::Position& upTo) const
+{
+    const std::size_t first = offsetOf(from);
+    const std::size_t last = offsetOf(upTo);
+    if (first == std::string::npos || last == std::string::npos || last <= first || first >= m_text.size())
+        return std::string();
+    return m_text.substr(first, std::min(last, m_text.size()) - first);
+}
+
 std::string SourceReader::take(std::size_t end)
 {
     end = std::min(end, m_text.size());

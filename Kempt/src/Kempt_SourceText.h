@@ -55,6 +55,9 @@ public:
     // The text between two positions: from the character at `from` up to
     // and including the character at `through`.
     std::string slice(const Trn::Position& from, const Trn::Position& through) const;
+    // The text from the character at `from` up to, not including, the
+    // character at `upTo`.
+    std::string between(const Trn::Position& from, const Trn::Position& upTo) const;
 
 private:
     std::string m_text;
