@@ -2,9 +2,13 @@
 # tw_set_options(target) turns the warnings on and, with TW_SANITIZE, the sanitizers.
 
 add_library(tw_options INTERFACE)
+# Contract violations name source files relative to the project root. A
+# compiler launcher such as ccache with a base directory hands the compiler
+# source paths relative to the build directory; those are mapped too.
+file(RELATIVE_PATH TW_SOURCE_FROM_BUILD "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
 target_compile_options(tw_options INTERFACE -Wall -Wextra -Wpedantic
-  # Contract violations name source files relative to the project root.
-  "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=")
+  "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/="
+  "-fmacro-prefix-map=${TW_SOURCE_FROM_BUILD}/=")
 if(TW_WERROR)
   target_compile_options(tw_options INTERFACE -Werror)
 endif()
