@@ -13,9 +13,12 @@ namespace Kempt {
 
 namespace {
 
+// "unsigned\nint" gives "unsigned int"; a line continuation keeps its line.
 void newlinesToBlanks(std::string& text)
 {
-    std::replace(text.begin(), text.end(), '\n', ' ');
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '\n' && (i == 0 || text[i - 1] != '\\'))
+            text[i] = ' ';
 }
 
 bool isSymbolOrSpace(char c)
@@ -38,10 +41,12 @@ std::string splitPointerSymbols(std::string& text, std::int32_t asteriskAnchor, 
     return trimLeadingWhiteSpace(symbols);
 }
 
-AlignedType alignedType(CppExprFormatter& expr, std::string gap, const Varnel::StreamState& state, bool formatFirst)
+AlignedType alignedType(CppExprFormatter& expr, std::string gap, const Varnel::StreamState& state,
+                        AlignedTypeFormat how)
 {
-    if (formatFirst) {
-        gap = expr.formatTypeId(gap, state, noWhiteSpace());
+    if (how != AlignedTypeFormat::TRIM_FIRST) {
+        if (how == AlignedTypeFormat::FORMAT_FIRST)
+            gap = expr.formatTypeId(gap, state, noWhiteSpace());
         trimTrailingWhiteSpace(gap);
         newlinesToBlanks(gap);
     } else {

@@ -31,12 +31,16 @@ struct AlignedType {
 // white space. Otherwise nothing moves and the result is empty.
 std::string splitPointerSymbols(std::string& text, std::int32_t asteriskAnchor, std::int32_t ampersandAnchor);
 
+// How the type text is prepared: a function's return type is formatted and
+// then trimmed, a data declaration's type trimmed and then formatted; with
+// FN_DO_NOT_FORMAT a return type is only trimmed.
+enum class AlignedTypeFormat { FORMAT_FIRST, TRIM_FIRST, AS_IT_STANDS };
+
 // The gap between the start of a declaration and its name, made into the
 // aligned type: formatted as a type with no far gap, line breaks made blanks,
-// trailing white space trimmed, symbols split off. A function's return type
-// is formatted before it is trimmed (`formatFirst`), a data declaration's
-// type after.
-AlignedType alignedType(CppExprFormatter& expr, std::string gap, const Varnel::StreamState& state, bool formatFirst);
+// trailing white space trimmed, symbols split off.
+AlignedType alignedType(CppExprFormatter& expr, std::string gap, const Varnel::StreamState& state,
+                        AlignedTypeFormat how);
 
 // Whether the symbols hang one column left of the names: an anchor of 1
 // with its HANGING_ property on.

@@ -84,7 +84,7 @@ private:
     std::string readThrough(const Trn::Position& p) { return m_in.readThrough(p); }
     std::string readUpTo(const Trn::Position& p) { return m_in.readUpTo(p); }
     std::string rest() { return m_in.rest(); }
-    void write(std::string_view text) { out() << text; }
+    void write(std::string_view text) { writeKeepingLiterals(out(), text); }
     void writeRaw(std::string_view text) { out().writeLiteral(text); }
     Varnel::OIndentStream& out() { return m_scratch.out(); }
     Varnel::StreamState state() const;

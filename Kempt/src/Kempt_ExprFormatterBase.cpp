@@ -103,8 +103,9 @@ bool isBuiltinType(std::int32_t type)
 std::string trimRightKeepingLineEnd(std::string_view text)
 {
     std::string s(text);
-    // Only a text with "//" or "#" in it can end with a comment or directive.
-    if (s.find('/') == std::string::npos && s.find('#') == std::string::npos)
+    // Only a text with "//", "#" or "\\" in it can end with a comment, a
+    // directive or a line continuation.
+    if (s.find('/') == std::string::npos && s.find('#') == std::string::npos && s.find('\\') == std::string::npos)
         return std::string(Varnel::trimRight(s));
     return trimTrailingWhiteSpace(s);
 }
@@ -147,7 +148,7 @@ void ExprFormatterBase::reindentToken(const Trn::Position& begin, const Trn::Pos
     const std::string indent = indentString(out, column);
     std::size_t lineStart = 0;
     std::size_t nl = text.find('\n');
-    out << text.substr(0, nl == std::string::npos ? text.size() : nl + 1);
+    writeKeepingLiterals(out, std::string_view(text).substr(0, nl == std::string::npos ? text.size() : nl + 1));
     while (nl != std::string::npos) {
         lineStart = nl + 1;
         nl = text.find('\n', lineStart);
@@ -189,6 +190,12 @@ void ExprFormatterBase::emitDirective(const Trn::Position& begin, const Trn::Pos
     case DirectivePlacement::AS_THEY_STAND: {
         Varnel::IndentGuard guard(out, std::string());
         Varnel::KeepLeadingSpaceGuard keep(out, true);
+        in.copyUpTo(begin, out);
+        // "  #if X" whose line start was written by someone else: the
+        // blanks in front of it come back.
+        const std::string_view lead = in.lineBeforeCursor();
+        if (out.col() == 0 && Varnel::trim(lead).empty())
+            out.writeLiteral(lead);
         in.copyThrough(end, out);
         return;
     }
@@ -222,7 +229,7 @@ void ExprFormatterBase::emitTokens(const std::string& text, Varnel::OIndentStrea
         if (!it.more())
             break;
     }
-    out << in.rest();
+    writeKeepingLiterals(out, in.rest());
 }
 
 } // namespace Kempt

@@ -121,8 +121,9 @@ bool isAssignType(std::int32_t type);
 bool isIncDecType(std::int32_t type);
 bool isBuiltinType(std::int32_t type);
 
-// Right-trims `text`, but keeps the newline that ends a "//" comment or a
-// directive at its end: "x // c\n  " gives "x // c\n".
+// Right-trims `text`, but keeps the newline that ends a "//" comment, a
+// directive or a line continuation at its end: "x // c\n  " gives
+// "x // c\n", "x \\\n  " gives "x \\\n".
 std::string trimRightKeepingLineEnd(std::string_view text);
 
 } // namespace Kempt

@@ -213,6 +213,7 @@ NameOffsetCalculator::NameOffsetCalculator(const SourceText& source, const Forma
       m_alignClassMembers(readBool(settings, Prop::ALIGN_CLASS_MEMBER_NAMES_LEFT)),
       m_alignFunctions(readBool(settings, Prop::ALIGN_FN_DECL_NAMES_LEFT)),
       m_alignData(readBool(settings, Prop::ALIGN_DD_NAMES_LEFT)),
+      m_functionsAsTheyStand(readBool(settings, Prop::FN_DO_NOT_FORMAT)),
       m_expr(settings, settings.markers())
 {
 }
@@ -228,7 +229,7 @@ bool NameOffsetCalculator::functionsTakePart() const
 }
 
 std::optional<std::int32_t> NameOffsetCalculator::measure(const Trn::Position& begin, const Cpp::SyntaxNode& type,
-                                                          const Cpp::SyntaxNode& name, bool formatFirst)
+                                                          const Cpp::SyntaxNode& name, AlignedTypeFormat how)
 {
     const std::string gap = source().between(begin, name.begin());
     // "int /* c */ x;" is never aligned.
@@ -242,7 +243,12 @@ std::optional<std::int32_t> NameOffsetCalculator::measure(const Trn::Position& b
     Varnel::StreamState state;
     state.tabSize = tabSize();
     state.keepLeadingSpace = true;
-    return alignedNameMeasure(alignedType(m_expr, gap, state, formatFirst), m_expr, tabSize());
+    // With FN_DO_NOT_FORMAT a return type that ends in no symbol stands as
+    // it is.
+    if (how == AlignedTypeFormat::FORMAT_FIRST && m_functionsAsTheyStand && !endsInAsterisk(gap) &&
+        !endsInAmpersand(gap))
+        how = AlignedTypeFormat::AS_IT_STANDS;
+    return alignedNameMeasure(alignedType(m_expr, gap, state, how), m_expr, tabSize());
 }
 
 void NameOffsetCalculator::emitDataDecl(Cpp::DataDeclNode& node)
@@ -258,7 +264,7 @@ void NameOffsetCalculator::emitDataDecl(Cpp::DataDeclNode& node)
             m_group.push_back(&node);
         return;
     }
-    const std::optional<std::int32_t> w = measure(start, *node.type(), *node.name(), false);
+    const std::optional<std::int32_t> w = measure(start, *node.type(), *node.name(), AlignedTypeFormat::TRIM_FIRST);
     if (!w)
         return;
     m_group.push_back(&node);
@@ -276,7 +282,7 @@ void NameOffsetCalculator::emitFunctionDecl(Cpp::FunctionDeclNode& node)
         m_functionGroup.push_back(&node);
         return;
     }
-    const std::optional<std::int32_t> w = measure(start, *head->returnType(), *head->name(), true);
+    const std::optional<std::int32_t> w = measure(start, *head->returnType(), *head->name(), AlignedTypeFormat::FORMAT_FIRST);
     if (!w)
         return;
     m_functionGroup.push_back(&node);

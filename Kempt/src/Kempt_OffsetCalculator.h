@@ -22,6 +22,7 @@
 #define KEMPT_OFFSETCALCULATOR_H
 
 #include "Cpp_Emitter.h"
+#include "Kempt_AlignedName.h"
 #include "Kempt_CppExprFormatter.h"
 #include "Kempt_FormatSettings.h"
 #include "Trn_Position.h"
@@ -129,13 +130,14 @@ private:
     // the declaration cannot be aligned (a comment in the way, or more than
     // "*" and "&" between the type and the name).
     std::optional<std::int32_t> measure(const Trn::Position& begin, const Cpp::SyntaxNode& type,
-                                        const Cpp::SyntaxNode& name, bool formatFirst);
+                                        const Cpp::SyntaxNode& name, AlignedTypeFormat how);
 
     bool m_inClass = false;
     bool m_classLeft = false;
     bool m_alignClassMembers = false;
     bool m_alignFunctions = false;
     bool m_alignData = false;
+    bool m_functionsAsTheyStand = false;
     CppExprFormatter m_expr;
     std::int32_t m_functionLargest = 0;
     std::deque<const Cpp::SyntaxNode*> m_functionGroup;

@@ -2,11 +2,82 @@
 #include "Kempt_SourceText.h"
 
 #include "Kempt_ColumnArithmetic.h"
+#include "Varnel_OIndentStream.h"
 
 #include <algorithm>
 #include <ostream>
 
 namespace Kempt {
+
+namespace {
+
+// Where the lines of `text` that continue a literal start: the offsets
+// behind each backslash-newline inside a string or character literal.
+std::vector<std::size_t> literalContinuations(std::string_view text)
+{
+    enum { CODE, LITERAL, LINE_COMMENT, BLOCK_COMMENT } state = CODE;
+    char quote = 0;
+    std::vector<std::size_t> starts;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        const char next = i + 1 < text.size() ? text[i + 1] : '\0';
+        switch (state) {
+        case CODE:
+            if (c == '"' || c == '\'') {
+                state = LITERAL;
+                quote = c;
+            } else if (c == '/' && (next == '/' || next == '*')) {
+                state = next == '/' ? LINE_COMMENT : BLOCK_COMMENT;
+                ++i;
+            }
+            break;
+        case LITERAL:
+            if (c == '\\') {
+                if (next == '\n')
+                    starts.push_back(i + 2);
+                ++i;
+            } else if (c == quote || c == '\n') {
+                state = CODE;
+            }
+            break;
+        case LINE_COMMENT:
+            if (c == '\n')
+                state = CODE;
+            break;
+        case BLOCK_COMMENT:
+            if (c == '*' && next == '/') {
+                state = CODE;
+                ++i;
+            }
+            break;
+        }
+    }
+    return starts;
+}
+
+} // namespace
+
+void writeKeepingLiterals(Varnel::OIndentStream& out, std::string_view text)
+{
+    if (text.find("\\\n") == std::string_view::npos) {
+        out << text;
+        return;
+    }
+    std::size_t written = 0;
+    for (const std::size_t start : literalContinuations(text)) {
+        out << text.substr(written, start - written);
+        // The line's blanks and its first character pass exactly; behind them
+        // the line is no longer at its start.
+        std::size_t end = start;
+        while (end < text.size() && (text[end] == ' ' || text[end] == '\t'))
+            ++end;
+        if (end < text.size() && text[end] != '\n')
+            ++end;
+        out.writeLiteral(text.substr(start, end - start));
+        written = end;
+    }
+    out << text.substr(written);
+}
 
 std::string normaliseLineBreaks(std::string_view text)
 {
@@ -110,14 +181,14 @@ std::string SourceReader::rest()
     return take(m_text.size());
 }
 
-void SourceReader::copyThrough(const Trn::Position& p, std::ostream& out)
+void SourceReader::copyThrough(const Trn::Position& p, Varnel::OIndentStream& out)
 {
-    out << readThrough(p);
+    writeKeepingLiterals(out, readThrough(p));
 }
 
-void SourceReader::copyUpTo(const Trn::Position& p, std::ostream& out)
+void SourceReader::copyUpTo(const Trn::Position& p, Varnel::OIndentStream& out)
 {
-    out << readUpTo(p);
+    writeKeepingLiterals(out, readUpTo(p));
 }
 
 std::string_view SourceReader::lineBeforeCursor() const

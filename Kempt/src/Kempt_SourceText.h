@@ -26,12 +26,21 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
 
+namespace Varnel {
+class OIndentStream;
+}
+
 namespace Kempt {
+
+// Writes `text` through the indent rule of `out`, except where a line
+// continues a string or character literal ("\"a\\\n   b\""): such a line
+// starts exactly as it stands, for its blanks are part of the literal.
+// `text` must hold whole literals.
+void writeKeepingLiterals(Varnel::OIndentStream& out, std::string_view text);
 
 // A text with its line breaks made "\n" and an index of where lines start.
 class SourceText {
@@ -83,9 +92,10 @@ public:
     std::string readUpTo(const Trn::Position& p);
     // Everything from the cursor to the end.
     std::string rest();
-    // Reads and writes to `out` (through whatever indent rule `out` has).
-    void copyThrough(const Trn::Position& p, std::ostream& out);
-    void copyUpTo(const Trn::Position& p, std::ostream& out);
+    // Reads and writes to `out`, through its indent rule
+    // (writeKeepingLiterals).
+    void copyThrough(const Trn::Position& p, Varnel::OIndentStream& out);
+    void copyUpTo(const Trn::Position& p, Varnel::OIndentStream& out);
 
     // The characters of the current line before the cursor.
     std::string_view lineBeforeCursor() const;
