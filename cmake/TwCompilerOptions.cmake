@@ -2,13 +2,15 @@
 # tw_set_options(target) turns the warnings on and, with TW_SANITIZE, the sanitizers.
 
 add_library(tw_options INTERFACE)
-# Contract violations name source files relative to the project root. A
-# compiler launcher such as ccache with a base directory hands the compiler
-# source paths relative to the build directory; those are mapped too.
-file(RELATIVE_PATH TW_SOURCE_FROM_BUILD "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
+# Contract violations name source files relative to the project root. ccache
+# with a base directory (CCACHE_BASEDIR) hands the compiler source paths
+# relative to the build directory ("../../Trn/src/..."), so that form is
+# mapped as well.
+file(RELATIVE_PATH tw_source_from_build "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
+string(REGEX REPLACE "/+$" "" tw_source_from_build "${tw_source_from_build}")
 target_compile_options(tw_options INTERFACE -Wall -Wextra -Wpedantic
   "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/="
-  "-fmacro-prefix-map=${TW_SOURCE_FROM_BUILD}/=")
+  "$<$<BOOL:${tw_source_from_build}>:-fmacro-prefix-map=${tw_source_from_build}/=>")
 if(TW_WERROR)
   target_compile_options(tw_options INTERFACE -Werror)
 endif()

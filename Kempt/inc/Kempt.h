@@ -5,6 +5,9 @@
 //   Kempt::UpdateFunctor noProgress;
 //   std::int32_t r = Kempt::FormatEngine().format(settings, in, out, messages, noProgress);
 //   // r == 0: `out` holds the formatted text; otherwise `messages` says why.
+//
+//   Kempt::TokenComparison c = Kempt::compareTokens(input, output);
+//   // c.same: the run changed white space only; otherwise c.describe() says where not.
 #ifndef KEMPT_H
 #define KEMPT_H
 
@@ -15,6 +18,7 @@
 #include "Kempt_NormaliseProperties.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_PropertySet.h"
+#include "Kempt_TokenComparison.h"
 #include "Kempt_UpdateFunctor.h"
 
 #endif

@@ -1,0 +1,73 @@
+// Whether two texts hold the same tokens: the check that a formatting run
+// changed only white space. The golden tests, the invariant tool and the file
+// job's verification before writing all ask it about an input and its output.
+//
+// Both texts are lexed with the project's own Cpp::Lexer and their
+// significant tokens are compared in order:
+//  1. White space between tokens never counts, newlines included.
+//  2. A comment counts by its kind (line or block) and its words: white space
+//     inside it may change, as when the continuation lines of a block comment
+//     are re-indented; "/* a b */" and "/*a b*/" differ, since "/*a" is a word.
+//  3. A preprocessor directive counts by the tokens of its text, lexed again
+//     after the "#", followed by its end: the spacing inside a directive may
+//     change, its tokens and the line it ends on may not. Two places where
+//     white space inside a directive carries meaning are kept exact: the name
+//     of "#include <...>" and whether a "(" stands directly after the macro
+//     name of a "#define" (a function-like macro against an object-like one).
+//  4. Every other token counts by its exact text; a line continuation ("\")
+//     counts without the blanks that follow it.
+//  5. Characters that the lexer drops without giving a token (a stray "$",
+//     "@", a byte above 127 outside comments and literals) count as well, as
+//     runs of non-blank characters, so that no character outside white space
+//     can vanish unseen.
+//  6. With ignoreBraces, "{" and "}" outside directives do not count: the
+//     brace rewriter adds and removes them. Everything else still must match.
+//
+// Protocol:
+//   Kempt::TokenComparison c = Kempt::compareTokens(input, output);
+//   if (!c.same)
+//       std::cerr << path << ":" << c.beforePosition.line << ": " << c.describe() << "\n";
+#ifndef KEMPT_TOKENCOMPARISON_H
+#define KEMPT_TOKENCOMPARISON_H
+
+#include "Trn_Position.h"
+
+#include <string>
+#include <string_view>
+
+namespace Kempt {
+
+struct TokenComparisonOptions {
+    // "{" and "}" outside directives are left out of the comparison.
+    bool ignoreBraces = false;
+};
+
+// The outcome of compareTokens. When the texts differ, the first significant
+// token where they part, in each text: its position (line from 1, column of
+// its first character from 1) and its text as it stands there. A text that
+// has run out of tokens there has an empty token text and the position just
+// behind its last character.
+struct TokenComparison {
+    // What happened at the first difference, seen from `before` to `after`.
+    enum class Change { NONE, CHANGED, DROPPED, ADDED };
+
+    bool same = true;
+    Change change = Change::NONE;
+    Trn::Position beforePosition;
+    Trn::Position afterPosition;
+    std::string beforeToken;
+    std::string afterToken;
+
+    // One line for a user: `token "x" became "y"`, `token "x" was dropped`,
+    // `token "y" was added`; "same tokens" when nothing differs. Long token
+    // texts are shortened and control characters written as escapes.
+    std::string describe() const;
+};
+
+// Compares the significant tokens of `before` and `after` (see above).
+TokenComparison compareTokens(std::string_view before, std::string_view after,
+                              const TokenComparisonOptions& options = {});
+
+} // namespace Kempt
+
+#endif

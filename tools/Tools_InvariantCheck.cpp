@@ -1,0 +1,113 @@
+// Formatting one file and checking what must hold of the result.
+#include "Tools_InvariantCheck.h"
+
+#include "Kempt.h"
+#include "Varnel_Contract.h"
+
+#include <sstream>
+
+namespace Tools {
+
+namespace {
+
+bool rewritesBraces(const Kempt::PropertySet& scheme)
+{
+    for (const char* name : {Kempt::Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, Kempt::Prop::FOR_CS_SINGLE_STMT_BRACE_STYLE,
+                             Kempt::Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE}) {
+        std::int32_t style = 0;
+        if (scheme.getInt(name, style) && style != 0)
+            return true;
+    }
+    return false;
+}
+
+std::string firstMessage(const Kempt::FormatMessageList& messages)
+{
+    if (messages.empty())
+        return "no message";
+    const Kempt::FormatMessage& m = messages.front();
+    return "line " + std::to_string(m.position.line) + ":" + std::to_string(m.position.col) + ": " + m.text;
+}
+
+} // namespace
+
+FormatOutcome formatWithEngine(const std::string& text, const Kempt::PropertySet& scheme)
+{
+    FormatOutcome outcome;
+    const Kempt::FormatSettings settings(scheme, Kempt::defaultRegionMarkers());
+    std::istringstream in(text);
+    std::ostringstream out;
+    Kempt::UpdateFunctor noProgress;
+    try {
+        outcome.result = Kempt::FormatEngine().format(settings, in, out, outcome.messages, noProgress);
+        outcome.output = std::move(out).str();
+    } catch (const Varnel::ContractViolation& v) {
+        outcome.exception = v.what();
+    } catch (const Trn::Exception& e) {
+        outcome.exception = e.what();
+    } catch (const std::exception& e) {
+        outcome.exception = e.what();
+    }
+    return outcome;
+}
+
+std::string firstDifference(const std::string& a, const std::string& b)
+{
+    std::size_t at = 0;
+    while (at < a.size() && at < b.size() && a[at] == b[at])
+        ++at;
+    std::size_t line = 1;
+    std::size_t lineStart = 0;
+    for (std::size_t i = 0; i < at; ++i)
+        if (a[i] == '\n') {
+            ++line;
+            lineStart = i + 1;
+        }
+    return "line " + std::to_string(line) + ", column " + std::to_string(at - lineStart + 1);
+}
+
+Verdict checkFile(const std::string& text, const SchemeUnderTest& scheme, const Formatter& format)
+{
+    Verdict verdict;
+    const FormatOutcome first = format(text, scheme.properties);
+    if (!first.exception.empty()) {
+        verdict.crashed = true;
+        verdict.detail = "exception: " + first.exception;
+        return verdict;
+    }
+    if (first.result != 0)
+        return verdict; // does not parse: nothing to check
+    verdict.parsed = true;
+
+    // (a) Exactly the input's tokens, in order.
+    const Kempt::TokenComparison tokens
+        = Kempt::compareTokens(text, first.output, Kempt::TokenComparisonOptions{rewritesBraces(scheme.properties)});
+    if (!tokens.same) {
+        verdict.tokensKept = false;
+        verdict.detail = "line " + std::to_string(tokens.beforePosition.line) + ":"
+            + std::to_string(tokens.beforePosition.col) + ": " + tokens.describe();
+    }
+    // Byte for byte, under a scheme that changes nothing.
+    if (scheme.expectIdentical && first.output != text) {
+        verdict.identical = false;
+        if (verdict.detail.empty())
+            verdict.detail = "output differs from the input at " + firstDifference(text, first.output);
+    }
+    // (b) Formatting the output again gives the same bytes.
+    const FormatOutcome second = format(first.output, scheme.properties);
+    if (!second.exception.empty()) {
+        verdict.crashed = true;
+        verdict.detail = "exception on the second run: " + second.exception;
+    } else if (second.result != 0) {
+        verdict.stable = false;
+        if (verdict.detail.empty())
+            verdict.detail = "the output does not parse: " + firstMessage(second.messages);
+    } else if (second.output != first.output) {
+        verdict.stable = false;
+        if (verdict.detail.empty())
+            verdict.detail = "not stable: a second run changes " + firstDifference(first.output, second.output);
+    }
+    return verdict;
+}
+
+} // namespace Tools
