@@ -190,8 +190,9 @@ public:
     {
         bool keepsLine = false;
         const bool lineBound = next == Cpp::LINE_COMMENT || next == Cpp::LINE_CONTINUATION;
-        // "a, // c": the gap in front of the comment stays as it is.
-        if (m_wsBefore.isSet() && !lineBound)
+        // "a, // c": the gap in front of the comment stays as it is; so does
+        // any gap behind a separator that wsAfter does not set.
+        if (m_wsBefore.isSet() && m_wsAfter.isSet() && !lineBound)
             gap = std::string(Varnel::trimLeft(gap));
         if (m_wsAfter.isSet()) {
             if (next == Cpp::PREPROC_DIRECTIVE) {
