@@ -7,6 +7,7 @@
 #include "Kempt_PropertyNames.h"
 #include "Varnel_StreamState.h"
 
+#include <cctype>
 #include <memory>
 
 namespace Kempt {
@@ -102,6 +103,145 @@ bool sameTokens(const std::string& a, const std::string& b, const MarkerList& ma
     }
 }
 
+bool isBlankChar(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+}
+
+bool isWordChar(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '$';
+}
+
+// Two characters that could be, or become, one token when nothing stands
+// between them: "ab", "--", "->", "//", ".5", "~X" (a destructor's name),
+// ":: x" (a qualified name), "L\"s\"" (a wide literal).
+bool mayStick(char a, char b)
+{
+    const bool wordA = isWordChar(a);
+    const bool wordB = isWordChar(b);
+    const bool digitA = std::isdigit(static_cast<unsigned char>(a)) != 0;
+    const bool digitB = std::isdigit(static_cast<unsigned char>(b)) != 0;
+    if (wordA && wordB)
+        return true;
+    if ((a == '~' || a == ':') && wordB)
+        return true;
+    if (wordA && (b == '"' || b == '\''))
+        return true;
+    if ((a == '.' && digitB) || (digitA && b == '.'))
+        return true;
+    if (std::ispunct(static_cast<unsigned char>(a)) == 0 || std::ispunct(static_cast<unsigned char>(b)) == 0)
+        return false;
+    return detail::wouldFuseChars(a, b);
+}
+
+// The line breaks of `text` that end a "//" comment, a directive or a line
+// continuation, as the offsets of the white space runs they stand in.
+class SignificantBreaks {
+public:
+    explicit SignificantBreaks(std::string_view text) : m_text(text) {}
+
+    // Whether the white space run that starts at `offset` holds a line break
+    // that ends a "//" comment, a directive, or a line that a backslash
+    // continues.
+    bool at(std::size_t offset)
+    {
+        scanTo(offset);
+        return m_significant;
+    }
+
+private:
+    void scanTo(std::size_t offset)
+    {
+        bool lineStart = m_pos == 0;
+        m_significant = false;
+        for (; m_pos < offset; ++m_pos) {
+            const char c = m_text[m_pos];
+            const char next = m_pos + 1 < m_text.size() ? m_text[m_pos + 1] : '\0';
+            switch (m_state) {
+            case CODE:
+                if (c == '"' || c == '\'') {
+                    m_state = LITERAL;
+                    m_quote = c;
+                } else if (c == '/' && next == '/') {
+                    m_state = LINE_COMMENT;
+                } else if (c == '/' && next == '*') {
+                    m_state = BLOCK_COMMENT;
+                    ++m_pos;
+                } else if (c == '#' && lineStart) {
+                    m_directive = true;
+                }
+                break;
+            case LITERAL:
+                if (c == '\\')
+                    ++m_pos;
+                else if (c == m_quote || c == '\n')
+                    m_state = CODE;
+                break;
+            case LINE_COMMENT:
+                if (c == '\n')
+                    m_state = CODE;
+                break;
+            case BLOCK_COMMENT:
+                if (c == '*' && next == '/') {
+                    m_state = CODE;
+                    ++m_pos;
+                }
+                break;
+            }
+            if (c == '\n')
+                m_directive = m_directive && m_pos > 0 && m_text[m_pos - 1] == '\\';
+            lineStart = c == '\n' || (lineStart && isBlankChar(c));
+        }
+        const bool continued = offset > 0 && m_text[offset - 1] == '\\';
+        m_significant = m_state == LINE_COMMENT || m_directive || continued;
+    }
+
+    enum State { CODE, LITERAL, LINE_COMMENT, BLOCK_COMMENT };
+    std::string_view m_text;
+    std::size_t m_pos = 0;
+    State m_state = CODE;
+    char m_quote = 0;
+    bool m_directive = false;
+    bool m_significant = false;
+};
+
+// A quick proof that `result` holds the tokens of `text`: the same
+// characters other than white space, in order, and wherever white space came
+// or went between two of them, no token can have been joined or split, and no
+// line break that ends a comment or directive was lost. False means "not
+// proven", not "changed".
+bool surelySameTokens(std::string_view text, std::string_view result)
+{
+    SignificantBreaks breaks(text);
+    std::size_t i = 0;
+    std::size_t j = 0;
+    char previous = '\0';
+    for (;;) {
+        const std::size_t runStart = i;
+        bool breakIn = false;
+        bool breakOut = false;
+        for (; i < text.size() && isBlankChar(text[i]); ++i)
+            breakIn = breakIn || text[i] == '\n';
+        const bool blankIn = i > runStart;
+        const std::size_t outStart = j;
+        for (; j < result.size() && isBlankChar(result[j]); ++j)
+            breakOut = breakOut || result[j] == '\n';
+        const bool blankOut = j > outStart;
+        if (i == text.size() || j == result.size())
+            return i == text.size() && j == result.size();
+        if (text[i] != result[j])
+            return false;
+        if (previous != '\0' && blankIn != blankOut && mayStick(previous, text[i]))
+            return false;
+        if (breakIn && !breakOut && breaks.at(runStart))
+            return false;
+        previous = text[i];
+        ++i;
+        ++j;
+    }
+}
+
 // The text copied as it stands, with the indent of the lines it begins.
 std::string copied(const std::string& text, const Varnel::StreamState& state)
 {
@@ -111,6 +251,11 @@ std::string copied(const std::string& text, const Varnel::StreamState& state)
 }
 
 } // namespace
+
+bool keepsTokens(const std::string& before, const std::string& after, const MarkerList& markers)
+{
+    return surelySameTokens(before, after) || sameTokens(before, after, markers);
+}
 
 const MarkerList& CppExprFormatter::defaultMarkerList()
 {
@@ -133,7 +278,7 @@ std::string CppExprFormatter::format(const std::string& text, const Varnel::Stre
     std::string result = detail::ExprWalk::walk(*this, text, state);
     // The walk changes gaps only; should two tokens ever have run together,
     // the text is given back as it stands rather than changed.
-    if (!sameTokens(text, result, markers()))
+    if (!keepsTokens(text, result, markers()))
         return copied(text, state);
     return result;
 }

@@ -119,6 +119,11 @@ private:
     int m_depth = 0; // walks in progress, inner ones included
 };
 
+// Whether `after` holds exactly the tokens of `before`: white space may
+// differ between tokens, and inside comments and directives, nothing else. A
+// quick look at the characters settles most texts; the rest are lexed.
+bool keepsTokens(const std::string& before, const std::string& after, const MarkerList& markers);
+
 } // namespace Kempt
 
 #endif

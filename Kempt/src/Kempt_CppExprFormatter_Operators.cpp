@@ -43,15 +43,20 @@ bool wouldFuse(std::string_view left, std::string_view right)
     const char b = right.front();
     if (isWordChar(a) && isWordChar(b))
         return true;
-    if (a == '.' && std::isdigit(static_cast<unsigned char>(b)))
-        return true;
-    if (!isPunct(a) || !isPunct(b))
+    // "~" "X" reads as a destructor's name, ":" ":" "x" as a qualified one.
+    if (!isPunct(a) && !isPunct(b))
         return false;
     const std::string joined = std::string(left) + std::string(right);
     Varnel::IMemStream in(joined);
     Cpp::Lexer lexer(in);
     const Trn::Token first = lexer.next();
     return first.text() != left;
+}
+
+bool wouldFuseChars(char left, char right)
+{
+    const char text[2] = {left, right};
+    return wouldFuse(std::string_view(text, 1), std::string_view(text + 1, 1));
 }
 
 bool ExprWalk::forcesUnaryAfter(std::int32_t type) const

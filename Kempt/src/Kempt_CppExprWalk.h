@@ -28,8 +28,11 @@
 namespace Kempt::detail {
 
 // Whether two tokens written with nothing between them would read as other
-// tokens: "-" "-x" as "--x", "&" "&" as "&&", "int" "x" as "intx".
+// tokens: "-" "-x" as "--x", "&" "&" as "&&", "int" "x" as "intx", "~" "x"
+// as "~x".
 bool wouldFuse(std::string_view left, std::string_view right);
+// The same for two single characters: "-" "-", "/" "*", "<" "<".
+bool wouldFuseChars(char left, char right);
 
 class ExprWalk {
 public:

@@ -101,6 +101,8 @@ TEST(CppExprFormatterTest, UnaryOperatorsNeverRunTogether)
     EXPECT_EXPR(set, "a- -b", "a - - b");
     EXPECT_EXPR(set, "a+ +b", "a + + b");
     EXPECT_EXPR(set, "!!x", "! ! x");
+    // "~y" would read as a destructor's name.
+    EXPECT_EXPR(set, "x= ~ y", "x = ~ y");
 }
 
 TEST(CppExprFormatterTest, GapsAroundIncrementStayAsTheyWere)
@@ -402,6 +404,30 @@ TEST(CppExprFormatterTest, ContractsNameTheirCondition)
     EXPECT_TRUE(isUnaryOpType(Cpp::TILDE));
     EXPECT_FALSE(isUnaryOpType(Cpp::PLUS_PLUS));
     EXPECT_TRUE(isIncDecType(Cpp::MINUS_MINUS));
+}
+
+TEST(CppExprFormatterTest, KeepsTokensAllowsWhiteSpaceOnly)
+{
+    const MarkerList markers = defaultRegionMarkers();
+    EXPECT_TRUE(keepsTokens("a+b*c", "a + b * c", markers));
+    EXPECT_TRUE(keepsTokens("f( a ,b )", "f(a, b)", markers));
+    EXPECT_TRUE(keepsTokens("/* a\n     b */ x", "/* a\n b */ x", markers));
+    EXPECT_TRUE(keepsTokens("a = - b", "a= -b", markers));
+    // Tokens run together, or split.
+    EXPECT_FALSE(keepsTokens("a - -b", "a--b", markers));
+    EXPECT_FALSE(keepsTokens("a & &b", "a&&b", markers));
+    EXPECT_FALSE(keepsTokens("int x", "intx", markers));
+    EXPECT_FALSE(keepsTokens("x->y", "x- >y", markers));
+    EXPECT_FALSE(keepsTokens("a / *b", "a/*b", markers));
+    EXPECT_FALSE(keepsTokens("x = ~ y", "x = ~y", markers)); // "~y" is one token
+    // A line break that ends a comment, a directive or a continued line.
+    EXPECT_FALSE(keepsTokens("a // c\n+ b", "a // c + b", markers));
+    EXPECT_FALSE(keepsTokens("#define X 1\ny", "#define X 1 y", markers));
+    EXPECT_FALSE(keepsTokens("a \\\nb", "a \\ b", markers));
+    EXPECT_TRUE(keepsTokens("a +\n b", "a + b", markers));
+    // A character more or less.
+    EXPECT_FALSE(keepsTokens("a + b", "a + b;", markers));
+    EXPECT_FALSE(keepsTokens("a + b", "a + c", markers));
 }
 
 TEST(CppExprFormatterTest, AnchorOutOfRangeFailsTheContract)
