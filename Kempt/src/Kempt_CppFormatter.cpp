@@ -378,38 +378,8 @@ void CppFormatter::copyAsItStands(const Cpp::SyntaxNode& node)
     const std::string text = readThrough(node.end());
     if (column == sourceColumn || text.find('\n') == std::string::npos)
         return writeLiteral(text);
-    const std::vector<bool> inside = linesInsideLiterals(m_source.slice(node.begin(), node.end()));
-    const std::string indent = indentString(m_out, column);
-    std::size_t nl = text.find('\n');
-    writeLiteral(std::string_view(text).substr(0, nl + 1));
-    for (std::size_t line = 1; nl != std::string::npos; ++line) {
-        const std::size_t start = nl + 1;
-        nl = text.find('\n', start);
-        std::string_view part = std::string_view(text).substr(start, nl == std::string::npos ? nl : nl + 1 - start);
-        if (part.empty())
-            break;
-        if (line < inside.size() && inside[line]) {
-            writeLiteral(part);
-            continue;
-        }
-        std::int32_t width = 0;
-        std::size_t i = 0;
-        while (i < part.size() && (part[i] == ' ' || part[i] == '\t')) {
-            const std::int32_t w = charWidth(part[i], width, m_tabSize);
-            if (width + w > sourceColumn)
-                break;
-            width += w;
-            ++i;
-        }
-        part.remove_prefix(i);
-        // A line of blanks keeps no blanks.
-        if (Varnel::trim(part).empty()) {
-            writeLiteral(part.ends_with('\n') ? "\n" : "");
-            continue;
-        }
-        writeLiteral(indent);
-        writeLiteral(part);
-    }
+    writeMovedLines(m_out, text, sourceColumn, column, m_tabSize,
+                    linesInsideLiterals(m_source.slice(node.begin(), node.end())));
 }
 
 } // namespace Kempt

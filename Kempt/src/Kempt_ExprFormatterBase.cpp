@@ -67,7 +67,50 @@ bool isWhiteLine(std::string_view line)
     return Varnel::trim(line).empty();
 }
 
+// The blanks and tabs at the start of `line` that lie before `column`.
+std::size_t blanksBefore(std::string_view line, std::int32_t column, std::int32_t tabSize)
+{
+    std::int32_t width = 0;
+    std::size_t i = 0;
+    while (i < line.size() && isBlankOrTab(line[i])) {
+        const std::int32_t w = charWidth(line[i], width, tabSize);
+        if (width + w > column)
+            break;
+        width += w;
+        ++i;
+    }
+    return i;
+}
+
 } // namespace
+
+void writeMovedLines(Varnel::OIndentStream& out, std::string_view text, std::int32_t sourceColumn,
+                     std::int32_t column, std::int32_t tabSize, const std::vector<bool>& untouched)
+{
+    const std::string indent = indentString(out, column);
+    std::size_t nl = text.find('\n');
+    out.writeLiteral(text.substr(0, nl == std::string_view::npos ? text.size() : nl + 1));
+    for (std::size_t line = 1; nl != std::string_view::npos; ++line) {
+        const std::size_t start = nl + 1;
+        nl = text.find('\n', start);
+        std::string_view part = text.substr(start, nl == std::string_view::npos ? nl : nl + 1 - start);
+        if (part.empty())
+            break;
+        // "  b\"" behind a backslash inside a literal: part of the literal.
+        if (line < untouched.size() && untouched[line]) {
+            out.writeLiteral(part);
+            continue;
+        }
+        part.remove_prefix(blanksBefore(part, sourceColumn, tabSize));
+        // A line of blanks keeps no blanks.
+        if (isWhiteLine(part)) {
+            out.writeLiteral(part.ends_with('\n') ? "\n" : "");
+            continue;
+        }
+        out.writeLiteral(indent);
+        out.writeLiteral(part);
+    }
+}
 
 bool isOpType(std::int32_t type)
 {
@@ -143,38 +186,8 @@ void ExprFormatterBase::reindentToken(const Trn::Position& begin, const Trn::Pos
         out.writeLiteral(text);
         return;
     }
-    // 4. Otherwise each later line loses the blanks up to the old column and
-    //    starts at the new one; deeper lines keep their extra blanks.
-    const std::string indent = indentString(out, column);
-    std::size_t lineStart = 0;
-    std::size_t nl = text.find('\n');
-    writeKeepingLiterals(out, std::string_view(text).substr(0, nl == std::string::npos ? text.size() : nl + 1));
-    while (nl != std::string::npos) {
-        lineStart = nl + 1;
-        nl = text.find('\n', lineStart);
-        std::string_view line = std::string_view(text).substr(
-            lineStart, nl == std::string::npos ? std::string::npos : nl + 1 - lineStart);
-        if (line.empty())
-            break;
-        std::int32_t width = 0;
-        std::size_t i = 0;
-        while (i < line.size() && isBlankOrTab(line[i])) {
-            const std::int32_t w = charWidth(line[i], width, m_tabSize);
-            if (width + w > sourceColumn)
-                break;
-            width += w;
-            ++i;
-        }
-        line.remove_prefix(i);
-        // A line of blanks only keeps no blanks.
-        if (isWhiteLine(line) && line.ends_with('\n')) {
-            out.writeLiteral("\n");
-            continue;
-        }
-        Varnel::IndentGuard guard(out, indent);
-        Varnel::KeepLeadingSpaceGuard keep(out, true);
-        out << line;
-    }
+    // 4. Otherwise each later line moves by as much as the first character.
+    writeMovedLines(out, text, sourceColumn, column, m_tabSize);
 }
 
 void ExprFormatterBase::emitDirective(const Trn::Position& begin, const Trn::Position& end, SourceReader& in,

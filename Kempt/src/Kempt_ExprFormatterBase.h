@@ -28,6 +28,8 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace Varnel {
 class OIndentStream;
@@ -120,6 +122,16 @@ bool isPtrType(std::int32_t type);
 bool isAssignType(std::int32_t type);
 bool isIncDecType(std::int32_t type);
 bool isBuiltinType(std::int32_t type);
+
+// Writes `text`, which goes on from a token's first character already
+// written: its first line as it stands, and each later line moved from the
+// column `sourceColumn` to `column`. The blanks before the old column go and
+// the new column's indent takes their place; blanks beyond the old column
+// stay, and a line of blanks keeps none. A line marked in `untouched` (by its
+// index from 0) passes exactly as it stands.
+//   "/* a\n   * b */" from column 2 to 4: "/* a\n     * b */"
+void writeMovedLines(Varnel::OIndentStream& out, std::string_view text, std::int32_t sourceColumn,
+                     std::int32_t column, std::int32_t tabSize, const std::vector<bool>& untouched = {});
 
 // Right-trims `text`, but keeps the newline that ends a "//" comment, a
 // directive or a line continuation at its end: "x // c\n  " gives
