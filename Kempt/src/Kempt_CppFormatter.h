@@ -177,6 +177,9 @@ private:
     // Functions (_Functions.cpp).
     std::int32_t formatFunctionHead(Cpp::FunctionDeclNode& node);
     void formatReturnType(Cpp::FunctionDeclNode& node, std::int32_t& column, bool afterTemplate);
+    bool returnTypeIsFormatted(const Cpp::FunctionDeclNode& node, const std::string& gap) const;
+    void writeAlignedReturnType(Cpp::FunctionDeclNode& node, const std::string& gap, std::int32_t& column);
+    void writeReturnType(Cpp::FunctionDeclNode& node, std::string gap, std::int32_t& column);
     void writeAlignedName(const Cpp::SyntaxNode& node, const OffsetMap& columns, const AlignedType& aligned);
     void formatParameterList(Cpp::ParameterListNode& list, const WsSetting& afterOpen, const WsSetting& beforeComma,
                              const WsSetting& between, const WsSetting& beforeClose);

@@ -40,6 +40,11 @@ bool CppFormatter::namesAligned() const
     return m_layout.alignFnDeclNamesLeft || (m_layout.alignClassMemberNamesLeft && m_inClass);
 }
 
+// The start of a type, written literally (the text comes from the
+// expression formatter, indent included): the text through the first
+// character of its first token, or through the whole token when that is a
+// literal, a directive, a continuation or a comment. Returns the column of
+// that character and takes what it wrote off `text`.
 std::int32_t CppFormatter::writeTypeRun(std::string& text)
 {
     Varnel::IMemStream in(text);
@@ -108,55 +113,58 @@ void CppFormatter::formatReturnType(Cpp::FunctionDeclNode& node, std::int32_t& c
     const Cpp::FunctionHeadNode& head = *node.head();
     const Cpp::SyntaxNode* returnType = head.returnType();
     const Cpp::SyntaxNode& name = *head.name();
-    const bool definition = node.block() != nullptr;
-    const Layout& l = m_layout;
-    // a-c.
+    // a-b. The return type and all that stands behind it up to the name.
     if (returnType)
         copyUpTo(returnType->begin());
-    std::string gap = readUpTo(name.begin());
-    const bool endsWithPtr = endsInAsterisk(gap) || endsInAmpersand(gap);
-    const bool formatType = returnType && !(!endsWithPtr && l.fnDoNotFormat);
-    // e. "String*      callme2(": the name in the column of the run.
-    if (!definition && namesAligned() && !gapHasCommentOrDirective(gap)) {
-        AlignedType aligned;
-        if (returnType) {
-            if (formatType)
-                aligned = alignedType(m_exprFormatter, gap, state(), AlignedTypeFormat::FORMAT_FIRST);
-            if (!formatType)
-                aligned = alignedType(m_exprFormatter, gap, state(), AlignedTypeFormat::AS_IT_STANDS);
-            if (endsWithPtr) {
-                Varnel::KeepLeadingSpaceGuard keep(m_out, true);
-                Varnel::IndentGuard indent(m_out, std::string());
-                column = writeTypeRun(aligned.type);
-            }
-        } else {
-            aligned.type = gap;
-        }
-        writeAlignedName(node, m_fnNameColumns, aligned);
-    } else {
-        // d. The type as a type, then f (a declaration) or g (a definition).
-        if (formatType) {
-            const WsSetting& far = definition ? l.afterFnDefnReturnType : l.afterFnDeclReturnType;
-            gap = m_exprFormatter.formatTypeId(gap, state(), far);
-        }
-        // "String *callme2": a symbol anchored to the name keeps its anchor
-        // gap; the return type's gap stands in front of the symbol already.
-        const WsSetting& after = definition ? l.afterFnDefnReturnType : l.afterFnDeclReturnType;
-        const bool symbolAtName = endsInAsterisk(gap) || endsInAmpersand(gap);
-        if (returnType && !l.fnDoNotFormat && after.isSet() && !symbolAtName)
-            setTrailingWhiteSpace(gap, after.text());
-        if (!gap.empty() && !l.fnDoNotFormat) {
-            Varnel::KeepLeadingSpaceGuard keep(m_out, definition && endsWithPtr ? true : m_out.keepLeadingSpace());
-            Varnel::IndentGuard indent(m_out, definition && endsWithPtr ? std::string() : m_out.indent());
-            column = writeTypeRun(gap);
-        }
-        writeLiteral(gap);
-    }
+    const std::string gap = readUpTo(name.begin());
+    // e. "String*      callme2(": a prototype's name in the column of its run.
+    if (!node.block() && namesAligned() && !gapHasCommentOrDirective(gap))
+        writeAlignedReturnType(node, gap, column);
+    else
+        writeReturnType(node, gap, column);
     // h. The name; a constructor takes its column from it.
     copyThrough(name.begin());
     if (!returnType && !afterTemplate)
         column = colToOffset(m_out.col());
     copyThrough(name.end());
+}
+
+// c-d. The return type is formatted as a type, unless FN_DO_NOT_FORMAT keeps
+// one that does not end in "*" or "&" as it stands.
+bool CppFormatter::returnTypeIsFormatted(const Cpp::FunctionDeclNode& node, const std::string& gap) const
+{
+    const bool endsWithPtr = endsInAsterisk(gap) || endsInAmpersand(gap);
+    return node.head()->returnType() && !(!endsWithPtr && m_layout.fnDoNotFormat);
+}
+
+void CppFormatter::writeAlignedReturnType(Cpp::FunctionDeclNode& node, const std::string& gap, std::int32_t& column)
+{
+    AlignedType aligned;
+    aligned.type = gap;
+    if (node.head()->returnType()) {
+        aligned = alignedType(m_exprFormatter, gap, state(),
+                              returnTypeIsFormatted(node, gap) ? AlignedTypeFormat::FORMAT_FIRST
+                                                               : AlignedTypeFormat::AS_IT_STANDS);
+        if (endsInAsterisk(gap) || endsInAmpersand(gap))
+            column = writeTypeRun(aligned.type);
+    }
+    writeAlignedName(node, m_fnNameColumns, aligned);
+}
+
+// f-g. The gap behind the return type of a declaration, or of a definition.
+void CppFormatter::writeReturnType(Cpp::FunctionDeclNode& node, std::string gap, std::int32_t& column)
+{
+    const WsSetting& after = node.block() ? m_layout.afterFnDefnReturnType : m_layout.afterFnDeclReturnType;
+    if (returnTypeIsFormatted(node, gap))
+        gap = m_exprFormatter.formatTypeId(gap, state(), after);
+    // "String *callme2": a symbol anchored to the name keeps its anchor gap;
+    // the return type's gap stands in front of the symbol already.
+    const bool symbolAtName = endsInAsterisk(gap) || endsInAmpersand(gap);
+    if (node.head()->returnType() && !m_layout.fnDoNotFormat && after.isSet() && !symbolAtName)
+        setTrailingWhiteSpace(gap, after.text());
+    if (!gap.empty() && !m_layout.fnDoNotFormat)
+        column = writeTypeRun(gap);
+    writeLiteral(gap);
 }
 
 // The rest of an aligned type, the padding to the column of the run, and the
