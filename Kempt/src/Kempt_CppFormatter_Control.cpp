@@ -275,7 +275,7 @@ void CppFormatter::emitCtrlSubStmtHead(Cpp::CtrlSubStmtHeadNode& node)
 
 // Step 9: the text inside the parentheses, with WS_AFTER_CS_OPEN_PAREN and
 // WS_BEFORE_CS_CLOSE_PAREN, through the expression formatter; the type of a
-// catch and the declaration of a for as types.
+// catch as a parameter's, the declaration of a for as a data declaration's.
 //   "if ( a&&b )"  ->  "if (a && b)"       "catch (const E &e)"
 void CppFormatter::formatCondition(const Cpp::CtrlSubStmtHeadNode& node, std::string text, std::int32_t column)
 {
@@ -298,7 +298,7 @@ void CppFormatter::formatCondition(const Cpp::CtrlSubStmtHeadNode& node, std::st
     if (keyword == Cpp::CATCH_KEY)
         text = m_exprFormatter.formatTypeId(text, state(), m_layout.afterParamTypeId);
     else if (keyword == Cpp::FOR_KEY)
-        text = m_exprFormatter.formatTypeId(text, state(), noWhiteSpace());
+        text = m_exprFormatter.formatTypeId(text, state(), m_layout.afterDataTypeId);
     else
         text = m_exprFormatter.format(text, state());
     writeLiteral(text);
@@ -319,12 +319,13 @@ bool CppFormatter::formatForClauses(const std::string& text, std::int32_t column
     std::optional<ForClauses> clauses = splitForClauses(text);
     if (!clauses)
         return false;
-    // Clause 1: a declaration ("char *p = s") or an expression, as a type.
+    // Clause 1: a declaration ("char *p = s") or an expression, as a type;
+    // the gap between a declaration's type and name is that of data.
     std::string init;
     {
         Varnel::IndentGuard indent(m_out, indentString(m_out, column));
         Varnel::KeepLeadingSpaceGuard keep(m_out, false);
-        init = m_exprFormatter.formatTypeId(trimmed(clauses->init), state(), noWhiteSpace());
+        init = m_exprFormatter.formatTypeId(trimmed(clauses->init), state(), l.afterDataTypeId);
     }
     setSurroundingWhiteSpace(init, l.csAfterOpenParen.isSet() ? l.csAfterOpenParen.text() : "", "");
     std::int32_t clauseColumn = column;
