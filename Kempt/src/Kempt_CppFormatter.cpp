@@ -40,9 +40,11 @@ bool isDirectiveNode(const Cpp::SyntaxNode* node)
 }
 
 // A "//" comment or a directive: a child whose text ends with its newline.
+// So does a fenced region that ends with a "//" comment: its range ends on
+// the newline, at column 0 of the next line.
 bool endsWithItsNewline(const Cpp::SyntaxNode* node)
 {
-    return isLineCommentNode(node) || isDirectiveNode(node);
+    return isLineCommentNode(node) || isDirectiveNode(node) || (node && node->end().col == 0);
 }
 
 bool gapHasComma(const std::string& gap)
