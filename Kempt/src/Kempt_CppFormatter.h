@@ -192,6 +192,7 @@ private:
     void formatCondition(const Cpp::CtrlSubStmtHeadNode& node, std::string text, std::int32_t column);
     bool formatForClauses(const std::string& text, std::int32_t column);
     std::string restOfLine() const;
+    char nextCharacter() const;
 
     // Reading and writing.
     void copyThrough(const Trn::Position& p) { m_in.copyThrough(p, m_out); }

@@ -399,15 +399,41 @@ void CppFormatter::emitCase(Cpp::CaseNode& node)
     }
     // 3. "case 1: x();" with WS_AFTER_CS_CASE_LABELS "\n": x() on a line of
     //    its own. A "//" comment behind the colon ends the line itself.
-    if (!m_layout.csAfterCaseLabels.isSet())
+    const WsSetting& after = m_layout.csAfterCaseLabels;
+    if (!after.isSet())
         return;
     const std::string line = restOfLine();
-    if (!startsWithLineComment(line))
-        return writeLiteral(m_layout.csAfterCaseLabels.text());
-    // "case 4: // four": the blanks in front of the comment are kept here,
-    // where the gap behind a label would lose them.
-    const std::size_t blanks = line.find_first_not_of(" \t");
-    writeLiteral(readUpTo(m_source.positionOf(m_in.offset() + blanks)));
+    if (startsWithLineComment(line)) {
+        // "case 4: // four": the blanks in front of the comment are kept
+        // here, where the gap behind a label would lose them.
+        const std::size_t blanks = line.find_first_not_of(" \t");
+        return writeLiteral(readUpTo(m_source.positionOf(m_in.offset() + blanks)));
+    }
+    // "default: }": nothing follows the label; the closing brace's setting
+    // decides the gap.
+    if (nextCharacter() == '}')
+        return;
+    writeLiteral(after.text());
+    // "default: ;": an empty statement is no node of the tree. It takes the
+    // place of the statement behind the label, and what follows it the
+    // place of a statement behind it.
+    while (nextCharacter() == ';') {
+        std::string gap = readThrough(m_source.positionOf(m_source.text().find(';', m_in.offset())));
+        write(trimLeadingWhiteSpace(gap));
+        if (nextCharacter() != '}')
+            writeLiteral(after.text());
+    }
+}
+
+// The first character behind the read position that is not white space; 0
+// at the end of the text.
+char CppFormatter::nextCharacter() const
+{
+    const std::string& text = m_source.text();
+    for (std::size_t i = std::min(m_in.offset(), text.size()); i < text.size(); ++i)
+        if (!std::isspace(static_cast<unsigned char>(text[i])))
+            return text[i];
+    return 0;
 }
 
 // The source text from the read position to the end of its line, the line
