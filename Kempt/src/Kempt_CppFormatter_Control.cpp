@@ -177,12 +177,13 @@ std::string CppFormatter::betweenParts(const Cpp::CtrlSubStmtNode* previousPart,
 
 // The gap between "else" and the "if" of an "else if" becomes one blank; a
 // comment in it stays. A "//" comment ends the else's line, and the "if"
-// starts the next one.
+// starts the next one. It is the gap behind a control keyword: without
+// WS_AFTER_CS_KEY it stays as it is.
 //   "else\n    if"  ->  "else if"        "else /* c */\nif"  ->  "else /* c */ if"
 void CppFormatter::joinElseLine(const Cpp::CtrlStmtNode& node)
 {
     std::string gap = readUpTo(node.begin());
-    if (startsWithLineComment(gap) || endsWithLineComment(gap)) {
+    if (!m_layout.csAfterKey.isSet() || startsWithLineComment(gap) || endsWithLineComment(gap)) {
         write(gap);
         return;
     }
