@@ -176,19 +176,22 @@ std::string CppFormatter::betweenParts(const Cpp::CtrlSubStmtNode* previousPart,
 }
 
 // The gap between "else" and the "if" of an "else if" becomes one blank; a
-// comment in it stays. A "//" comment ends the else's line, and the "if"
-// starts the next one. It is the gap behind a control keyword: without
-// WS_AFTER_CS_KEY it stays as it is.
-//   "else\n    if"  ->  "else if"        "else /* c */\nif"  ->  "else /* c */ if"
+// comment on the else's line stays in it. A "//" comment ends the else's
+// line, and a comment on lines of its own keeps them: the "if" then starts a
+// line at the chain's column. It is the gap behind a control keyword:
+// without WS_AFTER_CS_KEY it stays as it is.
+//   "else\n    if"  ->  "else if"        "else /* c */ if"  ->  "else /* c */ if"
 void CppFormatter::joinElseLine(const Cpp::CtrlStmtNode& node)
 {
     std::string gap = readUpTo(node.begin());
-    if (!m_layout.csAfterKey.isSet() || startsWithLineComment(gap) || endsWithLineComment(gap)) {
+    const std::string comment(Varnel::trim(gap));
+    const bool commentOnItsLines = !comment.empty() && gap.find('\n') != std::string::npos;
+    if (!m_layout.csAfterKey.isSet() || commentOnItsLines || startsWithLineComment(gap) ||
+        endsWithLineComment(gap)) {
         write(gap);
         return;
     }
-    gap = std::string(Varnel::trim(gap));
-    writeLiteral(gap.empty() ? std::string(" ") : " " + gap + " ");
+    writeLiteral(comment.empty() ? std::string(" ") : " " + comment + " ");
 }
 
 void CppFormatter::emitCtrlSubStmt(Cpp::CtrlSubStmtNode& node)

@@ -1,4 +1,4 @@
-// The gap between "else" and "if" becomes one blank; a block comment stays in it, a line comment ends the else's line.
+// The gap between "else" and "if" becomes one blank; a block comment on the else's line stays in it; a line comment, or a comment on lines of its own, keeps its lines.
 void f()
 {
     if (a)
@@ -17,5 +17,11 @@ void f()
     if (d)
     {
         w();
+    }
+    else
+    /* e, on its own line */
+    if (e)
+    {
+        v();
     }
 }
