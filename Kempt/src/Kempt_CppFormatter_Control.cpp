@@ -135,9 +135,9 @@ void CppFormatter::emitCtrlStmt(Cpp::CtrlStmtNode& node)
     // 2. The column the statement indents from. The "if" of an "else if"
     //    joins the else's line and takes the chain's column.
     std::int32_t column = top();
-    if (m_elseIfChain)
+    if (m_elseIfChain) {
         joinElseLine(node);
-    else {
+    } else {
         copyThrough(node.begin());
         column = colToOffset(m_out.col());
     }
@@ -155,7 +155,7 @@ void CppFormatter::emitCtrlStmt(Cpp::CtrlStmtNode& node)
         const bool first = it == node.childrenBegin();
         if (m_layout.csBetween.isSet() && previousPlain && !first && !isCommentOrDirective(child)) {
             std::string gap = readUpTo(child->begin());
-            writeLiteral(setTrailingWhiteSpace(gap, betweenParts(previousPart, node.size() > 1)));
+            writeWhiteSpace(setTrailingWhiteSpace(gap, betweenParts(previousPart, node.size() > 1)));
         }
         child->accept(*this);
         previousPlain = !isCommentOrDirective(child);
