@@ -4,12 +4,12 @@ void f()
     switch (c)
     {
         case 1:
-        ;
+            ;
         case 2:
-        ;
-        ;
+            ;
+            ;
         default:
-        ;
+            ;
     }
     switch (d)
     {

@@ -14,6 +14,6 @@ void f()
     switch (x + 1)
     {
         default:
-        break;
+            break;
     }
 }

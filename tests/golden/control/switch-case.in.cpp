@@ -1,4 +1,4 @@
-// switch: case labels by INDENT_CS_CASE_LABELS, the statements behind them by INDENT_CS_CASE_CONTENT, both from the switch's column; a statement behind a label goes on a line of its own.
+// switch: case labels by INDENT_CS_CASE_LABELS, the statements behind them by INDENT_CS_CASE_CONTENT, both from the switch's column (the default scheme puts labels four columns in and statements eight); a statement behind a label goes on a line of its own.
 void f()
 {
     switch(c){

@@ -37,13 +37,13 @@ f (int c)
   switch (c)
     {
     case 1:
-    x (); break;
+      x (); break;
     case 2:
-    {
-      y ();
-    } break;
+      {
+        y ();
+      } break;
     default:
-    break;
+      break;
     }
   try
     {
