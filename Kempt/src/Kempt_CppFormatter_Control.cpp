@@ -331,7 +331,16 @@ bool CppFormatter::formatForClauses(const std::string& text, std::int32_t column
         Varnel::KeepLeadingSpaceGuard keep(m_out, false);
         init = m_exprFormatter.formatTypeId(trimmed(clauses->init), state(), l.afterDataTypeId);
     }
-    setSurroundingWhiteSpace(init, l.csAfterOpenParen.isSet() ? l.csAfterOpenParen.text() : "", "");
+    // "for (;;)" keeps its parentheses empty; otherwise the blanks inside
+    // them stand also in front of an empty first or behind an empty last
+    // clause: "for ( ; i < n; )".
+    const bool allEmpty = isBlank(clauses->init) && isBlank(clauses->condition) && isBlank(clauses->step);
+    const std::string afterOpen = l.csAfterOpenParen.isSet() && !allEmpty ? l.csAfterOpenParen.text() : "";
+    const std::string beforeClose = l.csBeforeCloseParen.isSet() && !allEmpty ? l.csBeforeCloseParen.text() : "";
+    if (isBlank(init))
+        init = afterOpen;
+    else
+        setSurroundingWhiteSpace(init, afterOpen, "");
     std::int32_t clauseColumn = column;
     if (l.alignCsForClausesLeft && !isBlank(init)) {
         // The clauses line up under the first character of the first one.
@@ -350,8 +359,10 @@ bool CppFormatter::formatForClauses(const std::string& text, std::int32_t column
     write(condition);
     write(";");
     std::string step = m_exprFormatter.format(trimmed(clauses->step), state());
-    const std::string beforeClose = l.csBeforeCloseParen.isSet() ? l.csBeforeCloseParen.text() : "";
-    setSurroundingWhiteSpace(step, isBlank(step) ? "" : between.text(), beforeClose);
+    if (isBlank(step))
+        step = beforeClose;
+    else
+        setSurroundingWhiteSpace(step, between.text(), beforeClose);
     write(step);
     return true;
 }
