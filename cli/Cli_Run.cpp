@@ -96,6 +96,9 @@ void complain(const std::string& text)
 // into a temporary file and moves it over the source would lose code.
 bool outputWritten()
 {
+    // A write that failed before (a text larger than the stream's buffer is
+    // written at once) left its reason in errno.
+    const int earlier = errno;
     errno = 0;
     if (std::cout.flush())
         return true;
@@ -106,7 +109,7 @@ bool outputWritten()
         std::cout.flush();
         std::cout.setstate(std::ios::badbit);
     }
-    const int error = errno;
+    const int error = errno != 0 ? errno : earlier;
     complain(std::string("cannot write to standard output") + (error ? ": " + std::string(std::strerror(error)) : ""));
     return false;
 }

@@ -42,11 +42,11 @@ int main(int argc, char* argv[])
 
     switch (inv.count())
     {
-    case 0:
-        std::cout << "empty\n";
-        break;
-    default:
-        std::cout << inv.count() << " items\n";
+        case 0:
+            std::cout << "empty\n";
+            break;
+        default:
+            std::cout << inv.count() << " items\n";
     }
     return 0;
 }

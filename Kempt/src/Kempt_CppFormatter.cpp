@@ -40,9 +40,11 @@ bool isDirectiveNode(const Cpp::SyntaxNode* node)
 }
 
 // A "//" comment or a directive: a child whose text ends with its newline.
+// So does a fenced region that ends with a "//" comment: its range ends on
+// the newline, at column 0 of the next line.
 bool endsWithItsNewline(const Cpp::SyntaxNode* node)
 {
-    return isLineCommentNode(node) || isDirectiveNode(node);
+    return isLineCommentNode(node) || isDirectiveNode(node) || (node && node->end().col == 0);
 }
 
 bool gapHasComma(const std::string& gap)
@@ -190,6 +192,23 @@ void CppFormatter::flushPending(const Cpp::SyntaxNode& node)
     writeLiteral(setTrailingWhiteSpace(gap, value));
 }
 
+// A set white-space value, written as it is. Blanks it asks for at the start
+// of a line ("\n  " in front of a brace) count from the column of the
+// construct being laid out (the top of indentStack), not from the left edge,
+// so that a nested construct keeps its depth.
+//   "\n  " with the top at 4  ->  "\n" and six blanks
+void CppFormatter::writeWhiteSpace(std::string_view text)
+{
+    const std::size_t nl = text.rfind('\n');
+    const std::string_view tail = nl == std::string_view::npos ? text : text.substr(nl + 1);
+    const bool lineStart = nl != std::string_view::npos || m_out.col() == 0;
+    if (!lineStart || tail.empty() || tail.find_first_not_of(" \t") != std::string_view::npos)
+        return writeLiteral(text);
+    writeLiteral(text.substr(0, text.size() - tail.size()));
+    writeLiteral(indentString(m_out, top()));
+    writeLiteral(tail);
+}
+
 void CppFormatter::formatBlock(Cpp::InteriorNode& node, const WsSetting& indentSetting,
                                const WsSetting& afterOpenSetting, const WsSetting& beforeCloseSetting)
 {
@@ -205,7 +224,7 @@ void CppFormatter::formatBlock(Cpp::InteriorNode& node, const WsSetting& indentS
             ContentIndent indent(m_out, indentSetting, top());
             write(gap);
         } else {
-            writeLiteral(gap);
+            writeWhiteSpace(gap);
         }
     }
     // 2. With children, or a block the width of one character.
@@ -241,7 +260,7 @@ void CppFormatter::formatBlockContent(Cpp::InteriorNode& node, const WsSetting& 
         // "x; // c\n}": the comment's newline is the break asked for.
         const std::string s =
             endsWithItsNewline(last) ? afterLineEnd(beforeCloseSetting.text()) : beforeCloseSetting.text();
-        writeLiteral(setTrailingWhiteSpace(gap, s));
+        writeWhiteSpace(setTrailingWhiteSpace(gap, s));
     } else {
         write(gap);
     }
@@ -264,6 +283,9 @@ void CppFormatter::formatEmptyBlock(Cpp::InteriorNode& node, const WsSetting& in
     // inside goes between the two, "{", break, comment, break, "}".
     if (afterOpenSetting.isSet() && beforeCloseSetting.isSet() && gap.empty()) {
         writeLiteral(afterOpen);
+        // "{\n  }" under "\n  ": the "}" goes where the before-close text puts it.
+        if (holdsNewline(afterOpen) && holdsNewline(beforeClose))
+            writeWhiteSpace(afterLineEnd(beforeClose.substr(beforeClose.rfind('\n'))));
         return copyThrough(node.end());
     }
     if (afterOpenSetting.isSet())
@@ -273,7 +295,7 @@ void CppFormatter::formatEmptyBlock(Cpp::InteriorNode& node, const WsSetting& in
         write(gap);
     }
     if (beforeCloseSetting.isSet())
-        writeLiteral(lineComment ? afterLineEnd(beforeClose) : beforeClose);
+        writeWhiteSpace(lineComment ? afterLineEnd(beforeClose) : beforeClose);
     copyThrough(node.end());
 }
 

@@ -186,6 +186,14 @@ private:
     std::int32_t writeTypeRun(std::string& text);
     bool namesAligned() const;
 
+    // Control statements (_Control.cpp).
+    std::string betweenParts(const Cpp::CtrlSubStmtNode* previousPart, bool severalParts) const;
+    void joinElseLine(const Cpp::CtrlStmtNode& node);
+    void formatCondition(const Cpp::CtrlSubStmtHeadNode& node, std::string text, std::int32_t column);
+    bool formatForClauses(const std::string& text, std::int32_t column);
+    std::string restOfLine() const;
+    char nextCharacter() const;
+
     // Reading and writing.
     void copyThrough(const Trn::Position& p) { m_in.copyThrough(p, m_out); }
     void copyUpTo(const Trn::Position& p) { m_in.copyUpTo(p, m_out); }
@@ -193,6 +201,7 @@ private:
     std::string readUpTo(const Trn::Position& p) { return m_in.readUpTo(p); }
     void write(std::string_view text) { writeKeepingLiterals(m_out, text); }
     void writeLiteral(std::string_view text) { m_out.writeLiteral(text); }
+    void writeWhiteSpace(std::string_view text);
     Varnel::StreamState state() const;
     std::int32_t top() const { return m_indentStack.empty() ? 0 : m_indentStack.back(); }
     static std::int32_t colToOffset(std::int32_t col);

@@ -18,10 +18,10 @@ struct Effect {
 using enum PropertyEffect;
 
 // Every option that is not NOT_YET. Function heads, parameter lists, member
-// initialisers, function bodies as blocks, comments, directives and
-// expression statements are laid out; classes, namespaces, enums, templates,
-// data declarations and control statements come out as they stand, and no
-// brace rewriting or line wrapping happens yet.
+// initialisers, function bodies as blocks, control statements, bare blocks,
+// case labels, comments, directives and expression statements are laid out;
+// classes, namespaces, enums, templates and data declarations come out as
+// they stand, and no brace rewriting or line wrapping happens yet.
 constexpr std::array EFFECTS = {
     Effect{Prop::TAB_SIZE, IN_EFFECT, ""},
     Effect{Prop::CONVERT_WS, IN_EFFECT, ""},
@@ -48,6 +48,24 @@ constexpr std::array EFFECTS = {
     Effect{Prop::WS_BEFORE_CLASS_INITS_COMMA, IN_EFFECT, ""},
     Effect{Prop::WS_BETWEEN_CLASS_INITS, IN_EFFECT, ""},
     Effect{Prop::WS_AFTER_CLASS_INIT_LIST, IN_EFFECT, ""},
+    // Control statements, case labels and bare blocks.
+    Effect{Prop::WS_AFTER_CS_KEY, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_CS_OPEN_PAREN, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_CS_CLOSE_PAREN, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_CS_FOR_CLAUSES, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_CS_FOR_CLAUSES_LEFT, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_CS_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_CS_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_CS_CLOSE_BRACE, IN_EFFECT, ""},
+    Effect{Prop::INDENT_CS_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_CS, IN_EFFECT, ""},
+    Effect{Prop::INDENT_CS_CASE_LABELS, IN_EFFECT, ""},
+    Effect{Prop::INDENT_CS_CASE_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_CS_CASE_LABELS, IN_EFFECT, ""},
+    Effect{Prop::GLOBAL_WS_BEFORE_OPEN_BRACE, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
+    Effect{Prop::GLOBAL_WS_AFTER_OPEN_BRACE, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
+    Effect{Prop::GLOBAL_WS_BEFORE_CLOSE_BRACE, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
+    Effect{Prop::GLOBAL_INDENT_CONTENT, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
     // Expressions, pointers and references.
     Effect{Prop::WS_BETWEEN_EXPR_OP_OPERANDS, IN_EFFECT, ""},
     Effect{Prop::WS_BETWEEN_UNARY_OP_OPERAND, IN_EFFECT, ""},

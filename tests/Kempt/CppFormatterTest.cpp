@@ -1,7 +1,7 @@
 // The format pass: blocks and the indent model, lists, the root and its left
 // margin, function heads, parameter lists, member initialisers, comments and
-// directives, and the constructs it leaves as they stand. Each case formats
-// its expected text again and expects no change.
+// directives, control statements, and the constructs it leaves as they
+// stand. Each case formats its expected text again and expects no change.
 #include "ExprTestSupport.h"
 
 #include "Cpp_Lexer.h"
@@ -16,6 +16,8 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -354,12 +356,86 @@ TEST(CppFormatterTest, ClassesNamespacesEnumsTemplatesDataAndStatementsStandAsTh
     EXPECT_FORMAT(functions(), text, text);
 }
 
-TEST(CppFormatterTest, StatementsInAFunctionMoveAsABlock)
+TEST(CppFormatterTest, DataDeclarationsInAFunctionMoveAsABlock)
 {
-    // The "if" and the data declaration keep their inner layout and move to
-    // the body's indent.
-    EXPECT_FORMAT(functions(), "void f()\n{\n    int  a = 1;\n    if(a)\n    {\n      b ( ) ;\n    }\n}",
-                  "void f()\n{\nint  a = 1;\nif(a)\n{\n  b ( ) ;\n}\n}");
+    // The data declaration keeps its inner layout and moves to the body's
+    // indent.
+    EXPECT_FORMAT(functions(), "void f()\n{\n    int  a = 1,\n           b;\n}", "void f()\n{\nint  a = 1,\n       b;\n}");
+}
+
+// Control statements.
+
+// The control statement settings of the default scheme, over functions().
+PropertySet control()
+{
+    PropertySet set = functions();
+    for (const auto& [name, value] : std::vector<std::pair<std::string, std::string>>{
+             {Prop::WS_AFTER_CS_KEY, " "},
+             {Prop::WS_AFTER_CS_OPEN_PAREN, ""},
+             {Prop::WS_BEFORE_CS_CLOSE_PAREN, ""},
+             {Prop::WS_BEFORE_CS_OPEN_BRACE, "\n"},
+             {Prop::WS_AFTER_CS_OPEN_BRACE, "\n"},
+             {Prop::WS_BEFORE_CS_CLOSE_BRACE, "\n"},
+             {Prop::WS_BETWEEN_CS, "\n"},
+             {Prop::INDENT_CS_CONTENT, "    "},
+             {Prop::WS_BETWEEN_CS_FOR_CLAUSES, " "},
+             {Prop::INDENT_CS_CASE_LABELS, "    "},
+             {Prop::INDENT_CS_CASE_CONTENT, "        "},
+             {Prop::WS_AFTER_CS_CASE_LABELS, "\n"},
+             {Prop::GLOBAL_WS_BEFORE_OPEN_BRACE, "\n"},
+             {Prop::GLOBAL_WS_AFTER_OPEN_BRACE, "\n"},
+             {Prop::GLOBAL_WS_BEFORE_CLOSE_BRACE, "\n"},
+             {Prop::GLOBAL_INDENT_CONTENT, "    "}})
+        set.setString(name, value);
+    return set;
+}
+
+TEST(CppFormatterTest, ControlStatementContentIndentsFromTheStatementsColumn)
+{
+    EXPECT_FORMAT(control(), "void f()\n{\n    if (a)\n    {\n        while (b)\n            b--;\n    }\n}",
+                  "void f()\n{\nif(a){while(b)b--;}\n}");
+}
+
+TEST(CppFormatterTest, ContentWithoutAnIndentSettingTakesTheIndentInForce)
+{
+    // INDENT_CS_CONTENT not set: the body's lines get the indent of the
+    // function's content, as the statement does.
+    EXPECT_FORMAT(functions(), "void f()\n{\n    if(a)\n    {\n    b ( ) ;\n    }\n}",
+                  "void f()\n{\nif(a)\n{\n  b ( ) ;\n}\n}");
+}
+
+TEST(CppFormatterTest, ElseIfChainOfTenThousandStaysFlat)
+{
+    // The tree of a chain is flat, and so is its layout: every "if" on its
+    // else's line, every body one level in.
+    std::string input = "void f()\n{\nif (c == 0) x = 0;\n";
+    std::string expected = "void f()\n{\n    if (c == 0)\n        x = 0;\n";
+    for (int i = 1; i < 10000; ++i) {
+        const std::string n = std::to_string(i);
+        input += "else\nif(c==" + n + "){x=" + n + ";}\n";
+        expected += "    else if (c == " + n + ")\n    {\n        x = " + n + ";\n    }\n";
+    }
+    input += "else x = -1;\n}\n";
+    expected += "    else\n        x = -1;\n}\n";
+    EXPECT_EQ(formatPass(input, control()), expected);
+}
+
+TEST(CppFormatterTest, CaseLabelsAndStatementsIndentFromTheSwitch)
+{
+    EXPECT_FORMAT(control(),
+                  "void f()\n{\n    switch (c)\n    {\n        case 1:\n            x();\n        default:\n"
+                  "            break;\n    }\n}",
+                  "void f()\n{\nswitch(c){case 1: x();\ndefault:break;}\n}");
+}
+
+TEST(CppFormatterTest, BlanksAtALineStartCountFromTheStatement)
+{
+    // "\n  " in front of a brace: two columns in from the statement, at any
+    // depth (GNU).
+    PropertySet set = with(with(control(), Prop::WS_BEFORE_CS_OPEN_BRACE, "\n  "), Prop::WS_BEFORE_CS_CLOSE_BRACE, "\n  ");
+    EXPECT_FORMAT(set,
+                  "void f()\n{\n    if (a)\n      {\n        if (b)\n          {\n            x();\n          }\n      }\n}",
+                  "void f()\n{\nif (a) { if (b) { x(); } }\n}");
 }
 
 TEST(CppFormatterTest, ContinuedStringInAnExpressionKeepsItsCharacters)
@@ -371,7 +447,7 @@ TEST(CppFormatterTest, ContinuedStringInAnExpressionKeepsItsCharacters)
 TEST(CppFormatterTest, LiteralsSpanningLinesAreNeverShifted)
 {
     const std::string in = "void f()\n{\nif (a)\n  s = \"x\\\n  y\";\n}";
-    EXPECT_FORMAT(functions(), "void f()\n{\n    if (a)\n      s = \"x\\\n  y\";\n}", in);
+    EXPECT_FORMAT(control(), "void f()\n{\n    if (a)\n        s = \"x\\\n  y\";\n}", in);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Control statements and data declarations in a function body keep their inner layout and move to the body's indent.
+// A data declaration in a function body keeps its inner layout and moves to the body's indent; control statements are laid out.
 void f()
 {
 int  a = 1;
