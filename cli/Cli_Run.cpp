@@ -20,6 +20,7 @@
 // succeeded, 1 when any failed (or would change, under --check and --diff) or
 // standard output could not be written, 2 for a usage error.
 #include "Cli_Run.h"
+#include "Cli_StandardOutput.h"
 
 #include "App_FileJob.h"
 #include "App_MessageLine.h"
@@ -96,20 +97,9 @@ void complain(const std::string& text)
 // into a temporary file and moves it over the source would lose code.
 bool outputWritten()
 {
-    // A write that failed before (a text larger than the stream's buffer is
-    // written at once) left its reason in errno.
-    const int earlier = errno;
-    errno = 0;
     if (std::cout.flush())
         return true;
-    // A write that failed earlier, inside the engine, left the stream failed
-    // without a reason at hand: one more flush of what is left asks again.
-    if (errno == 0) {
-        std::cout.clear();
-        std::cout.flush();
-        std::cout.setstate(std::ios::badbit);
-    }
-    const int error = errno != 0 ? errno : earlier;
+    const int error = StandardOutput::currentError();
     complain(std::string("cannot write to standard output") + (error ? ": " + std::string(std::strerror(error)) : ""));
     return false;
 }
@@ -480,6 +470,7 @@ int run(const Options& options, const App::FormatFunction& format)
 int runCommandLine(int argc, char** argv, const App::FormatFunction& format)
 {
     std::ios_base::sync_with_stdio(false);
+    const StandardOutput output;
 
     CLI::App app{"Tidewright C++: lays out C and C++ source text by a scheme of layout options.\n"
                  "Formats each FILE (standard input when none is given, or for -) to standard output,\n"

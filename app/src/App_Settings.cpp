@@ -3,6 +3,7 @@
 
 #include "App_SafeWrite.h"
 #include "App_UserMessages.h"
+#include "KemptUI_PreviewSamples.h"
 #include "KemptUI_UserTexts.h"
 
 #include <ini.h>
@@ -256,11 +257,12 @@ void writeValue(std::string& out, const std::string& key, const std::string& val
 
 const std::vector<std::string>& previewKeys()
 {
-    static const std::vector<std::string> keys = {
-        "ClassesPreview",    "ControlStatementsPreview",  "DataPreview",      "FunctionsPreview",
-        "MemberInitsPreview", "NamespacesPreview",        "PreprocessorPreview", "ExpressionsPreview",
-        "PointersReferencesPreview", "TemplatesPreview",  "EnumsPreview",     "GlobalsPreview",
-        "LineWrappingPreview"};
+    static const std::vector<std::string> keys = [] {
+        std::vector<std::string> list;
+        for (const KemptUI::PreviewSample& sample : KemptUI::previewSamples())
+            list.emplace_back(sample.key);
+        return list;
+    }();
     return keys;
 }
 

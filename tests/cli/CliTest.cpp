@@ -175,12 +175,18 @@ TEST_F(CliTest, BadFileAmongGoodOnesIsReportedAndTheRestFormatted)
     EXPECT_NE(r.err.find("gone.cpp"), std::string::npos);
 }
 
-TEST_F(CliTest, BundledSampleComesOutUnchanged)
+// examples/sample.default.cpp is the bundled sample as the default scheme
+// lays it out (the README shows both); laying it out again changes nothing.
+TEST_F(CliTest, BundledSampleIsLaidOutByTheDefaultScheme)
 {
     const std::string sample = std::string(TW_EXAMPLES_DIR) + "/sample.cpp";
+    const std::string laidOut = std::string(TW_EXAMPLES_DIR) + "/sample.default.cpp";
     const Result r = run({sample});
     EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(r.out, readFile(sample));
+    EXPECT_EQ(r.err, "");
+    EXPECT_NE(r.out, readFile(sample));
+    EXPECT_EQ(r.out, readFile(laidOut));
+    EXPECT_EQ(run({laidOut}).out, readFile(laidOut));
 }
 
 TEST_F(CliTest, DumpTokensPrintsExactTokens)

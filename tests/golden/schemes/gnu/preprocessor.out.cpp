@@ -1,0 +1,9 @@
+bool
+doesSomething ()
+{
+  runDemo ();
+#ifdef SYMBOL
+  doSomethingExtra ();
+#endif
+  return true;
+}

@@ -1,0 +1,8 @@
+bool doesSomething()
+{
+    runDemo();
+#ifdef SYMBOL
+    doSomethingExtra();
+#endif
+    return true;
+}

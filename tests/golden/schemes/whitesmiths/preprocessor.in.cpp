@@ -1,0 +1,7 @@
+bool doesSomething(){
+runDemo();
+#ifdef SYMBOL
+doSomethingExtra();
+#endif
+return true;
+}
