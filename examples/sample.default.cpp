@@ -33,17 +33,37 @@ enum Colour{RED,GREEN=2,BLUE};
 int main(int argc, char* argv[])
 {
     sample::Inventory inv("tide");
-    if(argc>1) inv.add(argv[1],2);
-    else {inv.add(sample::NAMES[0]);}
-
-    switch(inv.count()){
-    case 0:std::cout<<"empty\n";break;
-    default:
-        std::cout<<inv.count()<<" items\n";
+    if (argc > 1)
+        inv.add(argv[1], 2);
+    else
+    {
+        inv.add(sample::NAMES[0]);
     }
-    try{ inv.add("reef"); }catch(const std::exception &e){ std::cerr<<e.what()<<'\n';return 1; }
+
+    switch (inv.count())
+    {
+        case 0:
+            std::cout << "empty\n";break;
+        default:
+            std::cout << inv.count() << " items\n";
+    }
+    try
+    {
+        inv.add("reef");
+    }
+    catch (const std::exception& e)
+    {
+        std::cerr << e.what() << '\n';return 1;
+    }
     int n=0;
-    while(n<3){ ++n; }
-    do{--n;}while(n>0);
+    while (n < 3)
+    {
+        ++n;
+    }
+    do
+    {
+        --n;
+    }
+    while (n > 0);
     return 0;
 }

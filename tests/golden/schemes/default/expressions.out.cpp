@@ -7,9 +7,9 @@ int main(void)
     float temp = 21;
     while (i < size && temp >= 0)
     {
-    age[i++]=temp;
-    if (i < size)
-     cin >>temp;
+        age[i++] = temp;
+        if (i < size)
+            cin >> temp;
     }
 }
 
@@ -20,8 +20,8 @@ int main(void)
 
     for (int i = 0; i < 3; i++)
     {
-    cout << (test() ? y : x[1]);
-    doSomething(i, x, y);
+        cout << (test() ? y : x[1]);
+        doSomething(i, x, y);
     }
     return 0;
 }

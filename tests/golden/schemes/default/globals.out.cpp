@@ -17,14 +17,14 @@ int main(void)
 {
     if (condition)
     {
-    doSomething();
+        doSomething();
     }
     else
     {
-    while (true)
-    {
-    doSomethingElse();
-    }
+        while (true)
+        {
+            doSomethingElse();
+        }
     }
 
     return 0;

@@ -1,6 +1,9 @@
 bool set_up_log_messages(const std::string& filename, const std::string& startup_msg, const std::string& run_msg)
 {
-    if ((set_logging_filename(filename) != 0) || (log_err_msg(startup_msg, LOG_TRACE, 1) != 0) || (log_err_msg(run_msg, LOG_TRACE, 1) != 0)){return false;}
+    if ((set_logging_filename(filename) != 0) || (log_err_msg(startup_msg, LOG_TRACE, 1) != 0) || (log_err_msg(run_msg, LOG_TRACE, 1) != 0))
+    {
+        return false;
+    }
     return true;
 }
 

@@ -17,16 +17,16 @@ int
 main (void)
 {
   if (condition)
-  {
-  doSomething();
-  }
+    {
+      doSomething ();
+    }
   else
-  {
-  while (true)
-  {
-  doSomethingElse();
-  }
-  }
+    {
+      while (true)
+        {
+          doSomethingElse ();
+        }
+    }
 
   return 0;
 }

@@ -15,16 +15,12 @@ int m_Num;
 
 int main(void)
 {
-    if (condition)
-    {
-    doSomething();
-    }
-    else
-    {
-    while (true)
-    {
-    doSomethingElse();
-    }
+    if (condition) {
+        doSomething();
+    } else {
+        while (true) {
+            doSomethingElse();
+        }
     }
 
     return 0;

@@ -15,16 +15,13 @@ int m_Num;
 
 int main(void)
 {
-    if (condition)
-    {
-    doSomething();
+    if (condition) {
+        doSomething();
     }
-    else
-    {
-    while (true)
-    {
-    doSomethingElse();
-    }
+    else {
+        while (true) {
+            doSomethingElse();
+        }
     }
 
     return 0;

@@ -6,11 +6,11 @@ int main(void)
     int i=0;
     float temp = 21;
     while (i < size && temp >= 0)
-    {
-    age[i++]=temp;
-    if (i < size)
-     cin >>temp;
-    }
+        {
+        age[i++] = temp;
+        if (i < size)
+            cin >> temp;
+        }
     }
 
 int main(void)
@@ -19,9 +19,9 @@ int main(void)
     char * y = "example";
 
     for (int i = 0; i < 3; i++)
-    {
-    cout << (test() ? y : x[1]);
-    doSomething(i, x, y);
-    }
+        {
+        cout << (test() ? y : x[1]);
+        doSomething(i, x, y);
+        }
     return 0;
     }

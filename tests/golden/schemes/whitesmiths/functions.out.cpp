@@ -19,4 +19,4 @@ bool Equal(const char *a, const char *b)
 // Member Initializer Lists tab
 Fred::Fred(int &i) : i_(i)
     {
-}
+    }

@@ -16,16 +16,16 @@ int m_Num;
 int main(void)
     {
     if (condition)
-    {
-    doSomething();
-    }
+        {
+        doSomething();
+        }
     else
-    {
-    while (true)
-    {
-    doSomethingElse();
-    }
-    }
+        {
+        while (true)
+            {
+            doSomethingElse();
+            }
+        }
 
     return 0;
     }

@@ -1,6 +1,9 @@
 bool set_up_log_messages(const std::string &filename, const std::string &startup_msg, const std::string &run_msg)
     {
-    if ((set_logging_filename(filename) != 0) || (log_err_msg(startup_msg, LOG_TRACE, 1) != 0) || (log_err_msg(run_msg, LOG_TRACE, 1) != 0)){return false;}
+    if ((set_logging_filename(filename) != 0) || (log_err_msg(startup_msg, LOG_TRACE, 1) != 0) || (log_err_msg(run_msg, LOG_TRACE, 1) != 0))
+        {
+        return false;
+        }
     return true;
     }
 
@@ -17,4 +20,4 @@ class Test:public virtual classA,private virtual classB,virtual classC,public vi
 
 Person(const std::string &firstName, const std::string &lastName, eGender sexOfPerson, const Date &dateOfBirth) : m_FirstName(firstName), m_LastName(lastName), m_Sex(sexOfPerson), m_DateOfBirth(dateOfBirth)
     {
-}
+    }

@@ -11,4 +11,4 @@ Cls::Cls(char* p1, int p2) : m_P1(p1),m_P2(p2){
 
 Employee::Employee(const Firm &f) : m_Firm(f)
     {
-}
+    }

@@ -3,8 +3,8 @@ Buffer();
 };
 
 template<class T,class C>int compare(const String<T> &str1, const String<T> &str2)
-    {
-}
+                             {
+                             }
 
 namespace Utils
 {
