@@ -186,6 +186,18 @@ private:
     std::int32_t writeTypeRun(std::string& text);
     bool namesAligned() const;
 
+    // Classes (_Classes.cpp).
+    void closeTemplateHead();
+    void formatEnumerators(const Cpp::EnumBodyNode& node, std::string text);
+
+    // Data (_Data.cpp).
+    bool dataNamesAligned() const;
+    std::int32_t nextColumn() const;
+    std::int32_t writeAlignedDataHead(Cpp::DataDeclNode& node);
+    std::int32_t writeDataHead(Cpp::DataDeclNode& node);
+    std::int32_t writeTypeText(std::string text);
+    void writeDataInitializer(Cpp::DataDeclNode& node, std::int32_t column);
+
     // Reading and writing.
     void copyThrough(const Trn::Position& p) { m_in.copyThrough(p, m_out); }
     void copyUpTo(const Trn::Position& p) { m_in.copyUpTo(p, m_out); }
