@@ -189,6 +189,7 @@ private:
     // Classes (_Classes.cpp).
     void closeTemplateHead();
     void formatEnumerators(const Cpp::EnumBodyNode& node, std::string text);
+    void writeAccessSpecGap(const Cpp::AccessSpecNode& node, std::string gap);
 
     // Data (_Data.cpp).
     bool dataNamesAligned() const;
@@ -196,6 +197,7 @@ private:
     std::int32_t writeAlignedDataHead(Cpp::DataDeclNode& node);
     std::int32_t writeDataHead(Cpp::DataDeclNode& node);
     std::int32_t writeTypeText(std::string text);
+    void padToName(const Cpp::DataDeclNode& node, std::int32_t column, const AlignedType& aligned);
     void writeDataInitializer(Cpp::DataDeclNode& node, std::int32_t column);
 
     // Reading and writing.
@@ -226,6 +228,7 @@ private:
     bool m_elseIfChain = false;
     bool m_savedKeepLeadingSpace = false;
     bool m_afterClassBody = false;
+    const Cpp::SyntaxNode* m_firstInClassBody = nullptr; // the first child of the innermost class body
     std::vector<std::int32_t> m_indentStack;
     std::deque<std::string> m_pendingWhiteSpace;
     OffsetMap m_fnNameColumns;

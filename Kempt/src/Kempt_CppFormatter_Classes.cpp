@@ -141,35 +141,48 @@ void CppFormatter::emitBaseClause(Cpp::BaseClauseNode& node)
 void CppFormatter::emitClassBody(Cpp::ClassBodyNode& node)
 {
     flushPending(node);
+    // inClass and the body's first member for the scope of the body.
     const bool wasInClass = m_inClass;
+    const Cpp::SyntaxNode* wasFirst = m_firstInClassBody;
     m_inClass = true;
+    m_firstInClassBody = node.empty() ? nullptr : *node.childrenBegin();
     try {
         formatBlock(node, m_layout.classIndent, m_layout.classAfterOpenBrace, m_layout.classBeforeCloseBrace);
     } catch (...) {
         m_inClass = wasInClass;
+        m_firstInClassBody = wasFirst;
         throw;
     }
     m_inClass = wasInClass;
+    m_firstInClassBody = wasFirst;
 }
 
 void CppFormatter::emitAccessSpec(Cpp::AccessSpecNode& node)
 {
     closeTemplateHead();
-    // 1. The gap in front of the label; WS_BEFORE_ACCESS_SPECS stands in
-    //    front of any comment in it.
-    std::string gap = readUpTo(node.begin());
-    if (m_layout.beforeAccessSpecs.isSet()) {
-        trimLeadingWhiteSpace(gap);
-        writeLiteral(m_layout.beforeAccessSpecs.text());
-    }
     // 2-4. "public:", indented from the class's column, not the members'.
-    const std::string label = readThrough(node.end());
     const WsSetting& indent = m_layout.accessSpecIndent;
     const std::string base = indentString(m_out, top());
     Varnel::KeepLeadingSpaceGuard keep(m_out, !indent.isSet());
     Varnel::IndentGuard guard(m_out, indent.isSet() ? base + indent.text() : base);
+    writeAccessSpecGap(node, readUpTo(node.begin()));
+    write(readThrough(node.end()));
+}
+
+// Step 1 of a label: the gap in front of it. WS_BEFORE_ACCESS_SPECS stands
+// in front of any comment in the gap. A label first in its body stands
+// behind WS_AFTER_CLASS_OPEN_BRACE instead, which the body has written; a
+// label right behind a "//" comment or a directive (a line begun) keeps that
+// comment as its heading, with nothing put between them.
+//   "int a; private:" with "\n\n"  ->  "int a;\n\nprivate:"
+void CppFormatter::writeAccessSpecGap(const Cpp::AccessSpecNode& node, std::string gap)
+{
+    const WsSetting& before = m_layout.beforeAccessSpecs;
+    if (!before.isSet() || &node == m_firstInClassBody || m_out.col() == 0)
+        return write(gap);
+    trimLeadingWhiteSpace(gap);
+    writeLiteral(before.text());
     write(gap);
-    write(label);
 }
 
 void CppFormatter::emitNamespaceDecl(Cpp::NamespaceDeclNode& node)

@@ -101,8 +101,23 @@ std::int32_t CppFormatter::writeAlignedDataHead(Cpp::DataDeclNode& node)
         aligned = alignedType(m_exprFormatter, gap, state(), AlignedTypeFormat::TRIM_FIRST);
         column = writeTypeRun(aligned.type);
     }
-    writeAlignedName(node, m_dataNameColumns, aligned);
+    padToName(node, column, aligned);
     return column;
+}
+
+// The rest of the aligned type, the padding to the name column of the run,
+// and the symbols that stand in that column in front of the name. The column
+// counts from where the declaration begins, as the run was measured.
+//   "int    *p" with HANGING_ASTERISK: the "*" one column left of the names.
+void CppFormatter::padToName(const Cpp::DataDeclNode& node, std::int32_t column, const AlignedType& aligned)
+{
+    writeLiteral(aligned.type);
+    const std::int32_t target = column + columnOf(m_dataNameColumns, &node);
+    std::int32_t space = alignmentSpace(target, nextColumn(), m_tabSize);
+    if (space > 0 && symbolsHang(aligned, m_exprFormatter))
+        --space;
+    m_out << ColumnPad(space);
+    write(aligned.symbols);
 }
 
 // A formatted type, its indent included: its first character literally, the
@@ -204,6 +219,12 @@ void CppFormatter::writeDataInitializer(Cpp::DataDeclNode& node, std::int32_t co
 
 void CppFormatter::emitExpr(Cpp::ExprNode& node)
 {
+    // "template <class T> using P = T*;": the head's white space and column
+    // end here.
+    if (m_templateHeadOpen) {
+        flushPending(node);
+        closeTemplateHead();
+    }
     // "return strcmp(a,b)==0;"
     writeLiteral(m_exprFormatter.format(readThrough(node.end()), state()));
 }

@@ -297,6 +297,8 @@ std::string respaceParens(const std::string& text, const WsSetting& afterOpen, c
 
 void CppFormatter::emitFunctionPtrDecl(Cpp::FunctionPtrDeclNode& node)
 {
+    flushPending(node);
+    closeTemplateHead();
     std::int32_t column = top();
     // 1. "int (*fp)": the type, then the parenthesised name.
     if (const Cpp::IdNode* name = node.name()) {

@@ -1,7 +1,7 @@
-// Control statements and data declarations in a function body keep their inner layout and move to the body's indent.
+// Control statements in a function body keep their inner layout and move to the body's indent; data declarations are laid out.
 void f()
 {
-    int  a = 1;
+    int a = 1;
     if(a)
     {
       b ( ) ;
