@@ -104,6 +104,14 @@ bool outputWritten()
     if (errno == 0) {
         std::cout.clear();
         std::cout.flush();
+        // The failed write may have taken the buffer with it, leaving nothing
+        // to flush: one more character asks the file itself. The output is
+        // incomplete already, so the probe spoils nothing.
+        if (errno == 0) {
+            std::cout.clear();
+            std::cout.put('\n');
+            std::cout.flush();
+        }
         std::cout.setstate(std::ios::badbit);
     }
     const int error = errno;

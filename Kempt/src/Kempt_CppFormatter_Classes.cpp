@@ -294,17 +294,27 @@ void CppFormatter::formatEnumerators(const Cpp::EnumBodyNode& node, std::string 
         keep.emplace(m_out, false);
         indent.emplace(m_out, indentString(m_out, top()) + l.enumIndent.text());
     }
+    const bool oneALine = holdsNewline(l.enumBeforeComma) || holdsNewline(l.enumBetween);
+    const bool align =
+        l.alignEnumInitializers && childCount(node) > 1 && (oneALine || childrenOnLinesOfTheirOwn(node));
+    // Text to be aligned is built without its indent: alignAssignments
+    // measures the left sides from the start of their lines and puts the
+    // indent in front itself.
+    Varnel::StreamState textState = state();
+    if (align) {
+        textState.indent.clear();
+        textState.keepLeadingSpace = false;
+    }
     if (l.enumBeforeComma.isSet() || l.enumBetween.isSet()) {
-        text = m_exprFormatter.format(text, state());
-        text = m_exprFormatter.separateList(text, Cpp::COMMA, l.enumBeforeComma, l.enumBetween, state());
+        text = m_exprFormatter.format(text, textState);
+        text = m_exprFormatter.separateList(text, Cpp::COMMA, l.enumBeforeComma, l.enumBetween, textState);
     } else {
         // Not spaced: the lines only take the indent.
-        ScratchStream scratch(state());
+        ScratchStream scratch(textState);
         writeKeepingLiterals(scratch.out(), text);
         text = scratch.str();
     }
-    const bool oneALine = holdsNewline(l.enumBeforeComma) || holdsNewline(l.enumBetween);
-    if (l.alignEnumInitializers && childCount(node) > 1 && (oneALine || childrenOnLinesOfTheirOwn(node)))
+    if (align)
         text = m_exprFormatter.alignAssignments(text, state());
     writeLiteral(text);
 }
