@@ -161,10 +161,10 @@ void CppFormatter::emitAccessSpec(Cpp::AccessSpecNode& node)
 {
     closeTemplateHead();
     // 2-4. "public:", indented from the class's column, not the members'.
+    //      Not set, the label keeps the indentation it has in the source.
     const WsSetting& indent = m_layout.accessSpecIndent;
-    const std::string base = indentString(m_out, top());
     Varnel::KeepLeadingSpaceGuard keep(m_out, !indent.isSet());
-    Varnel::IndentGuard guard(m_out, indent.isSet() ? base + indent.text() : base);
+    Varnel::IndentGuard guard(m_out, indent.isSet() ? indentString(m_out, top()) + indent.text() : std::string());
     writeAccessSpecGap(node, readUpTo(node.begin()));
     write(readThrough(node.end()));
 }
