@@ -122,7 +122,7 @@ std::string ExprFormatterBase::separateList(const std::string& text, std::int32_
         } else if (next.type() == Cpp::BLOCK_COMMENT) {
             in.copyUpTo(next.start(), out);
             if (spansLines(next))
-                reindentToken(next.start(), next.end(), in, out);
+                reindentToken(next.start(), next.end(), in, out, false);
             else
                 in.copyThrough(next.end(), out);
         } else {
