@@ -188,6 +188,7 @@ private:
 
     // Classes (_Classes.cpp).
     void closeTemplateHead();
+    std::int32_t headColumn() const;
     void formatEnumerators(const Cpp::EnumBodyNode& node, std::string text);
     void writeAccessSpecGap(const Cpp::AccessSpecNode& node, std::string gap);
 

@@ -15,6 +15,7 @@
 #include "Varnel_IndentGuard.h"
 #include "Varnel_StreamState.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace Kempt {
@@ -78,6 +79,18 @@ void CppFormatter::closeTemplateHead()
         m_indentStack.pop_back();
 }
 
+// The column a construct's body indents from, taken when the first
+// character of its head has been written: that character's column, or, for a
+// head that does not begin its line ("public: class A", "}; enum E"), the
+// indent of that line, so that the body's content and its braces agree.
+std::int32_t CppFormatter::headColumn() const
+{
+    const std::int32_t column = colToOffset(m_out.col());
+    if (m_out.keepLeadingSpace())
+        return column;
+    return std::min(column, stringWidth(m_out.indent(), 0, m_tabSize));
+}
+
 void CppFormatter::emitClassDecl(Cpp::ClassDeclNode& node)
 {
     // 1-2. Behind a template head the class takes the column of "template".
@@ -91,7 +104,7 @@ void CppFormatter::emitClassDecl(Cpp::ClassDeclNode& node)
     if (head) {
         if (!afterTemplate) {
             copyThrough(head->begin());
-            column = colToOffset(m_out.col());
+            column = headColumn();
         }
         head->accept(*this);
         if (body && m_layout.classBeforeOpenBrace.isSet())
@@ -197,7 +210,7 @@ void CppFormatter::emitNamespaceDecl(Cpp::NamespaceDeclNode& node)
         return;
     }
     copyThrough(head->begin());
-    StackGuard guard(m_indentStack, colToOffset(m_out.col()));
+    StackGuard guard(m_indentStack, headColumn());
     head->accept(*this);
     if (!body)
         return;
@@ -218,7 +231,7 @@ void CppFormatter::emitLinkageBlock(Cpp::LinkageBlockNode& node)
     Cpp::LinkageBlockBodyNode* body = node.body();
     if (Cpp::ExprNode* spec = node.spec()) {
         copyThrough(spec->begin());
-        column = colToOffset(m_out.col());
+        column = headColumn();
         spec->accept(*this);
         if (body && m_layout.globalBeforeOpenBrace.isSet())
             m_pendingWhiteSpace.push_back(m_layout.globalBeforeOpenBrace.text());
@@ -242,7 +255,7 @@ void CppFormatter::emitEnumDecl(Cpp::EnumDeclNode& node)
     Cpp::EnumBodyNode* body = node.body();
     if (Cpp::EnumHeadNode* head = node.head()) {
         copyThrough(head->begin());
-        column = colToOffset(m_out.col());
+        column = headColumn();
         head->accept(*this);
         if (body && m_layout.enumBeforeOpenBrace.isSet())
             m_pendingWhiteSpace.push_back(m_layout.enumBeforeOpenBrace.text());
@@ -327,7 +340,7 @@ void CppFormatter::emitTemplate(Cpp::TemplateNode& node)
     flushPending(node);
     copyThrough(node.begin());
     if (!m_templateHeadOpen) {
-        m_indentStack.push_back(colToOffset(m_out.col()));
+        m_indentStack.push_back(headColumn());
         m_templateHeadOpen = true;
     }
     const Layout& l = m_layout;
