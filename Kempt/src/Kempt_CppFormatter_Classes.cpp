@@ -310,14 +310,7 @@ void CppFormatter::formatEnumerators(const Cpp::EnumBodyNode& node, std::string 
     const bool oneALine = holdsNewline(l.enumBeforeComma) || holdsNewline(l.enumBetween);
     const bool align =
         l.alignEnumInitializers && childCount(node) > 1 && (oneALine || childrenOnLinesOfTheirOwn(node));
-    // Text to be aligned is built without its indent: alignAssignments
-    // measures the left sides from the start of their lines and puts the
-    // indent in front itself.
-    Varnel::StreamState textState = state();
-    if (align) {
-        textState.indent.clear();
-        textState.keepLeadingSpace = false;
-    }
+    const Varnel::StreamState textState = state();
     if (l.enumBeforeComma.isSet() || l.enumBetween.isSet()) {
         text = m_exprFormatter.format(text, textState);
         text = m_exprFormatter.separateList(text, Cpp::COMMA, l.enumBeforeComma, l.enumBetween, textState);
@@ -327,8 +320,14 @@ void CppFormatter::formatEnumerators(const Cpp::EnumBodyNode& node, std::string 
         writeKeepingLiterals(scratch.out(), text);
         text = scratch.str();
     }
-    if (align)
-        text = m_exprFormatter.alignAssignments(text, state());
+    // The text holds its indent already: alignAssignments measures the left
+    // sides from the start of the lines and writes them as they are.
+    if (align) {
+        Varnel::StreamState asWritten = state();
+        asWritten.indent.clear();
+        asWritten.keepLeadingSpace = true;
+        text = m_exprFormatter.alignAssignments(text, asWritten);
+    }
     writeLiteral(text);
 }
 

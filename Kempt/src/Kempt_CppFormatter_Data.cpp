@@ -116,6 +116,10 @@ void CppFormatter::padToName(const Cpp::DataDeclNode& node, std::int32_t column,
     std::int32_t space = alignmentSpace(target, nextColumn(), m_tabSize);
     if (space > 0 && symbolsHang(aligned, m_exprFormatter))
         --space;
+    // A declaration that lies past the column: type and name never run
+    // together.
+    if (space < 1 && !aligned.type.empty() && aligned.symbols.empty())
+        space = 1;
     m_out << ColumnPad(space);
     write(aligned.symbols);
 }

@@ -177,6 +177,10 @@ void CppFormatter::writeAlignedName(const Cpp::SyntaxNode& node, const OffsetMap
     // "int    *p" with HANGING_ASTERISK: the "*" one column left of the names.
     if (space > 0 && symbolsHang(aligned, m_exprFormatter))
         --space;
+    // "return f(x)" behind a "{" on its line lies past the column: a type
+    // and a name never run together.
+    if (space < 1 && !aligned.type.empty() && aligned.symbols.empty())
+        space = 1;
     m_out << ColumnPad(space);
     write(aligned.symbols);
 }
