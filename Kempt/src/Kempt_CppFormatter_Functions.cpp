@@ -141,6 +141,16 @@ void CppFormatter::writeAlignedReturnType(Cpp::FunctionDeclNode& node, const std
 {
     AlignedType aligned;
     aligned.type = gap;
+    // "Fred();" without a return type: the gap in front of the name is an
+    // ordinary gap, and its line takes the indent of its place.
+    if (!node.head()->returnType()) {
+        write(gap);
+        aligned.type.clear();
+        // The padding behind the indent: blanks that begin a line would be
+        // taken for its old indentation and dropped.
+        if (m_out.col() == 0 && !m_out.keepLeadingSpace())
+            writeLiteral(m_out.indent());
+    }
     if (node.head()->returnType()) {
         aligned = alignedType(m_exprFormatter, gap, state(),
                               returnTypeIsFormatted(node, gap) ? AlignedTypeFormat::FORMAT_FIRST
