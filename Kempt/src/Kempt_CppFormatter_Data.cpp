@@ -51,11 +51,14 @@ std::int32_t CppFormatter::nextColumn() const
 void CppFormatter::emitDataDecl(Cpp::DataDeclNode& node)
 {
     // 1. A template head in front of a data declaration ends here.
+    // "template <class T> class A;": a declaration behind a template head
+    // lines up under "template", and its name is not padded.
     flushPending(node);
+    const bool afterTemplate = m_templateHeadOpen;
     closeTemplateHead();
     std::int32_t column = top();
     // 2-3. Type and name.
-    if (node.name() && node.type() && !m_afterClassBody && dataNamesAligned())
+    if (node.name() && node.type() && !m_afterClassBody && !afterTemplate && dataNamesAligned())
         column = writeAlignedDataHead(node);
     else if (node.name() || node.initializer())
         column = writeDataHead(node);

@@ -253,7 +253,10 @@ std::optional<std::int32_t> NameOffsetCalculator::measure(const Trn::Position& b
 
 void NameOffsetCalculator::emitDataDecl(Cpp::DataDeclNode& node)
 {
-    if (!dataTakesPart()) {
+    // "template <class T> class A;": the formatter lines such a declaration
+    // up under "template" and never pads its name, so it takes no part in
+    // the run (its measure would count the template head as well).
+    if (!dataTakesPart() || afterTemplate()) {
         clearTemplate();
         return;
     }
