@@ -190,8 +190,11 @@ void ExprWalk::emitEquals()
     advance();
     if (!skipToMatching(m_it, Cpp::LBRACE, Cpp::RBRACE))
         return writeRaw(formatInner(rest()));
-    // "{ }": no inner blanks.
+    // "{ }": no inner blanks when either brace setting is set; otherwise the
+    // gap stays as the source has it.
     if (sameToken(left(), brace)) {
+        if (!m_gaps.afterBrace.isSet() && !m_gaps.beforeCloseBrace.isSet())
+            return copyThrough(right().end());
         write(Varnel::trimRight(readThrough(left().end())));
         write(Varnel::trimLeft(readUpTo(right().start())));
         return copyThrough(right().end());

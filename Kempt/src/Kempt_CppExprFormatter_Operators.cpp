@@ -37,8 +37,11 @@ std::string trimmed(std::string_view text)
 
 bool wouldFuse(std::string_view left, std::string_view right)
 {
-    if (left.empty() || right.empty())
+    // " T" and "*": the blanks in front of the left text are no token.
+    const std::size_t start = left.find_first_not_of(" \t\r\n\f\v");
+    if (start == std::string_view::npos || right.empty())
         return false;
+    left.remove_prefix(start);
     const char a = left.back();
     const char b = right.front();
     if (isWordChar(a) && isWordChar(b))

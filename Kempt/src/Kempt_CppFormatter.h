@@ -193,6 +193,20 @@ private:
     bool formatForClauses(const std::string& text, std::int32_t column);
     std::string restOfLine() const;
     char nextCharacter() const;
+    // Classes (_Classes.cpp).
+    void closeTemplateHead();
+    std::int32_t headColumn() const;
+    void formatEnumerators(const Cpp::EnumBodyNode& node, std::string text);
+    void writeAccessSpecGap(const Cpp::AccessSpecNode& node, std::string gap);
+
+    // Data (_Data.cpp).
+    bool dataNamesAligned() const;
+    std::int32_t nextColumn() const;
+    std::int32_t writeAlignedDataHead(Cpp::DataDeclNode& node);
+    std::int32_t writeDataHead(Cpp::DataDeclNode& node);
+    std::int32_t writeTypeText(std::string text);
+    void padToName(const Cpp::DataDeclNode& node, std::int32_t column, const AlignedType& aligned);
+    void writeDataInitializer(Cpp::DataDeclNode& node, std::int32_t column);
 
     // Reading and writing.
     void copyThrough(const Trn::Position& p) { m_in.copyThrough(p, m_out); }
@@ -223,6 +237,7 @@ private:
     bool m_elseIfChain = false;
     bool m_savedKeepLeadingSpace = false;
     bool m_afterClassBody = false;
+    const Cpp::SyntaxNode* m_firstInClassBody = nullptr; // the first child of the innermost class body
     std::vector<std::int32_t> m_indentStack;
     std::deque<std::string> m_pendingWhiteSpace;
     OffsetMap m_fnNameColumns;

@@ -141,6 +141,16 @@ void CppFormatter::writeAlignedReturnType(Cpp::FunctionDeclNode& node, const std
 {
     AlignedType aligned;
     aligned.type = gap;
+    // "Fred();" without a return type: the gap in front of the name is an
+    // ordinary gap, and its line takes the indent of its place.
+    if (!node.head()->returnType()) {
+        write(gap);
+        aligned.type.clear();
+        // The padding behind the indent: blanks that begin a line would be
+        // taken for its old indentation and dropped.
+        if (m_out.col() == 0 && !m_out.keepLeadingSpace())
+            writeLiteral(m_out.indent());
+    }
     if (node.head()->returnType()) {
         aligned = alignedType(m_exprFormatter, gap, state(),
                               returnTypeIsFormatted(node, gap) ? AlignedTypeFormat::FORMAT_FIRST
@@ -177,6 +187,10 @@ void CppFormatter::writeAlignedName(const Cpp::SyntaxNode& node, const OffsetMap
     // "int    *p" with HANGING_ASTERISK: the "*" one column left of the names.
     if (space > 0 && symbolsHang(aligned, m_exprFormatter))
         --space;
+    // "return f(x)" behind a "{" on its line lies past the column: a type
+    // and a name never run together.
+    if (space < 1 && !aligned.type.empty() && aligned.symbols.empty())
+        space = 1;
     m_out << ColumnPad(space);
     write(aligned.symbols);
 }
@@ -297,6 +311,8 @@ std::string respaceParens(const std::string& text, const WsSetting& afterOpen, c
 
 void CppFormatter::emitFunctionPtrDecl(Cpp::FunctionPtrDeclNode& node)
 {
+    flushPending(node);
+    closeTemplateHead();
     std::int32_t column = top();
     // 1. "int (*fp)": the type, then the parenthesised name.
     if (const Cpp::IdNode* name = node.name()) {

@@ -164,7 +164,7 @@ ExprFormatterBase::ExprFormatterBase(const PropertySet& properties, const Marker
 }
 
 void ExprFormatterBase::reindentToken(const Trn::Position& begin, const Trn::Position& end, SourceReader& in,
-                                      Varnel::OIndentStream& out) const
+                                      Varnel::OIndentStream& out, bool firstLineFromLineStart) const
 {
     const SourceText& source = in.source();
     const std::size_t first = source.offsetOf(begin);
@@ -173,6 +173,12 @@ void ExprFormatterBase::reindentToken(const Trn::Position& begin, const Trn::Pos
     if (first == std::string::npos || last == std::string::npos || last < first ||
         source.lineStartOf(first) == source.lineStartOf(std::min(last, source.size() - 1))) {
         in.copyThrough(end, out);
+        return;
+    }
+    // "a, /* two\n   three */" read from a gap: its source column is unknown.
+    if (!firstLineFromLineStart && begin.line == 1) {
+        in.copyUpTo(begin, out);
+        out.writeLiteral(in.readThrough(end));
         return;
     }
     // 2. The first character: where it stood in the source, where it goes now.
@@ -234,7 +240,7 @@ void ExprFormatterBase::emitTokens(const std::string& text, Varnel::OIndentStrea
                 in.copyUpTo(t.end(), out);
             } else {
                 in.copyUpTo(t.start(), out);
-                reindentToken(t.start(), t.end(), in, out);
+                reindentToken(t.start(), t.end(), in, out, false);
             }
             break;
         default: break;

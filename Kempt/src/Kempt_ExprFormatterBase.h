@@ -72,9 +72,12 @@ public:
     // protected region) from `in` to `out`, the gap before it included. A
     // token that spans lines keeps its shape: its later lines move by as much
     // as its first character moved. A token whose column does not change is
-    // copied exactly.
+    // copied exactly. When `in` reads a piece of text whose first line began
+    // somewhere inside a source line (a gap), the source column of a token
+    // on that first line is not known: such a token is copied exactly, so
+    // that its later lines stay where they are and a second run agrees.
     void reindentToken(const Trn::Position& begin, const Trn::Position& end, SourceReader& in,
-                       Varnel::OIndentStream& out) const;
+                       Varnel::OIndentStream& out, bool firstLineFromLineStart = true) const;
 
     // Copies one directive by the placement of the scheme: at the left margin,
     // with the code around it, or as it stands.

@@ -122,7 +122,7 @@ std::string ExprFormatterBase::separateList(const std::string& text, std::int32_
         } else if (next.type() == Cpp::BLOCK_COMMENT) {
             in.copyUpTo(next.start(), out);
             if (spansLines(next))
-                reindentToken(next.start(), next.end(), in, out);
+                reindentToken(next.start(), next.end(), in, out, false);
             else
                 in.copyThrough(next.end(), out);
         } else {
@@ -291,6 +291,23 @@ std::int32_t leftSideEnd(const std::string& line, const MarkerList& markers)
     return it.left().type() == Cpp::END_OF_FILE ? 0 : it.left().end().col;
 }
 
+// The lines of `text` (from 0) that begin inside a token spanning lines, a
+// block comment or a literal: they are no left sides, and they pass exactly.
+std::vector<bool> linesInsideTokens(const std::string& text, const MarkerList& markers)
+{
+    std::vector<bool> inside(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1, false);
+    TokenIterator it(text, markers);
+    for (it.advance(); it.left().type() != Cpp::END_OF_FILE; it.advance()) {
+        const Trn::Token t = it.left();
+        for (std::int32_t line = t.start().line + 1; line <= t.end().line; ++line)
+            if (line >= 1 && static_cast<std::size_t>(line - 1) < inside.size())
+                inside[static_cast<std::size_t>(line - 1)] = true;
+        if (!it.more())
+            break;
+    }
+    return inside;
+}
+
 std::vector<std::string> splitLines(const std::string& text)
 {
     std::vector<std::string> lines;
@@ -342,10 +359,12 @@ void ExprFormatterBase::writeAlignedLine(const std::string& line, std::int32_t c
 std::string ExprFormatterBase::alignAssignments(const std::string& text, const Varnel::StreamState& state) const
 {
     const std::vector<std::string> lines = splitLines(text);
+    const std::vector<bool> inside = linesInsideTokens(text, m_markers);
     // 1-2. The widest left side, two columns more, on a tab stop.
     std::int32_t target = 0;
-    for (const std::string& line : lines)
-        target = std::max(target, leftSideEnd(line, m_markers));
+    for (std::size_t k = 0; k < lines.size(); ++k)
+        if (k >= inside.size() || !inside[k])
+            target = std::max(target, leftSideEnd(lines[k], m_markers));
     if (target > 0) {
         target += 2;
         target = nextTabStop(target, state.tabSize);
@@ -356,7 +375,11 @@ std::string ExprFormatterBase::alignAssignments(const std::string& text, const V
     ScratchStream scratch(state);
     Varnel::OIndentStream& out = scratch.out();
     for (std::size_t k = 0; k < lines.size(); ++k) {
-        writeAlignedLine(lines[k], indentWidth + target, state.tabSize, out);
+        // "   * x = 1" inside a comment over several lines stays as it is.
+        if (k < inside.size() && inside[k])
+            out.writeLiteral(lines[k]);
+        else
+            writeAlignedLine(lines[k], indentWidth + target, state.tabSize, out);
         if (k + 1 < lines.size())
             out.writeLiteral("\n");
     }

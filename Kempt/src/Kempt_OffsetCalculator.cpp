@@ -10,6 +10,7 @@
 #include "Varnel_StreamState.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace Kempt {
 
@@ -181,6 +182,40 @@ DataOffsetCalculator::DataOffsetCalculator(const SourceText& source, const Prope
 {
 }
 
+namespace {
+
+bool isWordChar(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$';
+}
+
+// The width of the declaration's text from `start` through the name, as the
+// formatter can write it whatever the source's spacing: its pieces joined
+// with one blank only where two words meet. A text the source spaced widely
+// and the text the formatter made of it measure the same, so that a second
+// run finds the column of the first.
+//   "unsigned   long  total"  ->  14      "char *  p"  ->  6
+std::int32_t compactWidth(std::string_view text)
+{
+    std::int32_t width = 0;
+    char last = '\0';
+    bool gap = false;
+    for (const char c : text) {
+        if (std::isspace(static_cast<unsigned char>(c))) {
+            gap = true;
+            continue;
+        }
+        if (gap && isWordChar(last) && isWordChar(c))
+            ++width;
+        gap = false;
+        ++width;
+        last = c;
+    }
+    return width;
+}
+
+} // namespace
+
 void DataOffsetCalculator::emitDataDecl(Cpp::DataDeclNode& node)
 {
     const Trn::Position start = measureStart(node.begin());
@@ -191,7 +226,7 @@ void DataOffsetCalculator::emitDataDecl(Cpp::DataDeclNode& node)
     // A declaration over several lines measures 0 and does not widen the run.
     const Trn::Position end = node.name()->end();
     if (start.line == end.line && start <= end)
-        m_largest = std::max(m_largest, columnDifference(start, end) + 1);
+        m_largest = std::max(m_largest, compactWidth(source().slice(start, end)));
 }
 
 void DataOffsetCalculator::flush()
@@ -253,7 +288,10 @@ std::optional<std::int32_t> NameOffsetCalculator::measure(const Trn::Position& b
 
 void NameOffsetCalculator::emitDataDecl(Cpp::DataDeclNode& node)
 {
-    if (!dataTakesPart()) {
+    // "template <class T> class A;": the formatter lines such a declaration
+    // up under "template" and never pads its name, so it takes no part in
+    // the run (its measure would count the template head as well).
+    if (!dataTakesPart() || afterTemplate()) {
         clearTemplate();
         return;
     }

@@ -78,6 +78,7 @@ protected:
     // front of it on the same line, if any. Clears the template's mark.
     Trn::Position measureStart(const Trn::Position& begin);
     void clearTemplate() { m_templateBegin.reset(); }
+    bool afterTemplate() const { return m_templateBegin.has_value(); }
     const SourceText& source() const { return m_source; }
     std::int32_t tabSize() const { return m_tabSize; }
 

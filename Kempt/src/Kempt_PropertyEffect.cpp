@@ -18,10 +18,10 @@ struct Effect {
 using enum PropertyEffect;
 
 // Every option that is not NOT_YET. Function heads, parameter lists, member
-// initialisers, function bodies as blocks, control statements, bare blocks,
-// case labels, comments, directives and expression statements are laid out;
-// classes, namespaces, enums, templates and data declarations come out as
-// they stand, and no brace rewriting or line wrapping happens yet.
+// initialisers, function bodies, classes, namespaces, enums, templates,
+// linkage blocks, data declarations, control statements, bare blocks, case
+// labels, comments, directives and expression statements are laid out; no
+// brace rewriting or line wrapping happens yet.
 constexpr std::array EFFECTS = {
     Effect{Prop::TAB_SIZE, IN_EFFECT, ""},
     Effect{Prop::CONVERT_WS, IN_EFFECT, ""},
@@ -62,10 +62,56 @@ constexpr std::array EFFECTS = {
     Effect{Prop::INDENT_CS_CASE_LABELS, IN_EFFECT, ""},
     Effect{Prop::INDENT_CS_CASE_CONTENT, IN_EFFECT, ""},
     Effect{Prop::WS_AFTER_CS_CASE_LABELS, IN_EFFECT, ""},
-    Effect{Prop::GLOBAL_WS_BEFORE_OPEN_BRACE, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
-    Effect{Prop::GLOBAL_WS_AFTER_OPEN_BRACE, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
-    Effect{Prop::GLOBAL_WS_BEFORE_CLOSE_BRACE, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
-    Effect{Prop::GLOBAL_INDENT_CONTENT, PARTLY, "bare blocks; extern \"C\" blocks not yet"},
+    // Bare blocks and linkage blocks.
+    Effect{Prop::GLOBAL_WS_BEFORE_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::GLOBAL_WS_AFTER_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::GLOBAL_WS_BEFORE_CLOSE_BRACE, IN_EFFECT, ""},
+    Effect{Prop::GLOBAL_INDENT_CONTENT, IN_EFFECT, ""},
+    // Classes, base clauses and access labels.
+    Effect{Prop::WS_BEFORE_CLASS_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_CLASS_NAME, IN_EFFECT, ""},
+    Effect{Prop::INDENT_CLASS_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_CLASS_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_CLASS_CLOSE_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_BASE_CLAUSES, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_BASE_CLAUSES_COMMA, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_BASE_CLAUSES, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_BASE_CLAUSES_LEFT, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_ACCESS_SPECS, IN_EFFECT, ""},
+    Effect{Prop::INDENT_ACCESS_SPEC_LABEL, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_CLASS_MEMBER_NAMES_LEFT, IN_EFFECT, ""},
+    // Namespaces.
+    Effect{Prop::WS_BEFORE_NS_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::INDENT_NS_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_NS_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_NS_CLOSE_BRACE, IN_EFFECT, ""},
+    // Enums.
+    Effect{Prop::WS_BEFORE_ENUM_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_ENUM_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_ENUM_CLOSE_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_ENUM_COMMA, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_ENUM_ELEMENTS, IN_EFFECT, ""},
+    Effect{Prop::INDENT_ENUM_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_ENUM_INITIALIZERS, IN_EFFECT, ""},
+    // Template heads and template arguments.
+    Effect{Prop::WS_BEFORE_TP_OPEN_BRACKET, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_TP_OPEN_BRACKET, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_TP_COMMA, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_TP_PARAMS, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_TP_CLOSE_BRACKET, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_TP_CLOSE_BRACKET, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_TP_PARAMS_LEFT, IN_EFFECT, ""},
+    // Data declarations and their brace initialisers.
+    Effect{Prop::WS_AFTER_DD_TYPE_ID, IN_EFFECT, ""},
+    Effect{Prop::INDENT_DD_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_DD_COMMA, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_DD_ELEMENTS, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_DD_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_DD_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_DD_CLOSE_BRACE, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_DD_NAMES_LEFT, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_DD_INITIALIZERS, IN_EFFECT, ""},
+    Effect{Prop::DATA_DO_NOT_FORMAT, IN_EFFECT, ""},
     // Expressions, pointers and references.
     Effect{Prop::WS_BETWEEN_EXPR_OP_OPERANDS, IN_EFFECT, ""},
     Effect{Prop::WS_BETWEEN_UNARY_OP_OPERAND, IN_EFFECT, ""},
@@ -84,10 +130,6 @@ constexpr std::array EFFECTS = {
     Effect{Prop::WS_BETWEEN_AMPERSAND_ANCHOR, IN_EFFECT, ""},
     Effect{Prop::HANGING_ASTERISK, IN_EFFECT, ""},
     Effect{Prop::HANGING_AMPERSAND, IN_EFFECT, ""},
-    // Template arguments inside expressions and types; template heads wait.
-    Effect{Prop::WS_AFTER_TP_OPEN_BRACKET, PARTLY, "template arguments in expressions and types"},
-    Effect{Prop::WS_BEFORE_TP_CLOSE_BRACKET, PARTLY, "template arguments in expressions and types"},
-    Effect{Prop::WS_BETWEEN_TP_PARAMS, PARTLY, "template arguments in expressions and types"},
     // Directives.
     Effect{Prop::ALIGN_PPD_LEFT_MOST, IN_EFFECT, ""},
     // Read by the driver; the passes they switch on print the text as it stands.

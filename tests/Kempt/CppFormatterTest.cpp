@@ -1,7 +1,8 @@
 // The format pass: blocks and the indent model, lists, the root and its left
 // margin, function heads, parameter lists, member initialisers, comments and
-// directives, control statements, and the constructs it leaves as they
-// stand. Each case formats its expected text again and expects no change.
+// directives, control statements, classes, namespaces, enums, templates and
+// data declarations. Each case formats its expected text again and expects
+// no change.
 #include "ExprTestSupport.h"
 
 #include "Cpp_Lexer.h"
@@ -343,17 +344,94 @@ TEST(CppFormatterTest, ProtectedRegionWhoseColumnStaysIsUnchanged)
     EXPECT_EQ(out.str(), text);
 }
 
-// Constructs whose layout is not set yet come out as they stand.
+// Classes, namespaces, enums, templates, linkage blocks and data.
 
-TEST(CppFormatterTest, ClassesNamespacesEnumsTemplatesDataAndStatementsStandAsTheyAre)
+// The scheme of the declaration cases: Allman braces and four-blank indents
+// for every construct that wraps others.
+PropertySet declarations()
 {
-    const std::string text = "namespace  N{ int  a=1 ;\n  class C{ public: int x ; };}\n"
-                             "enum E{ A=1 , B };\n"
-                             "template< class T > class D { };\n"
-                             "extern \"C\" {  int  b ; }\n"
-                             "struct S { int  x; }  s ;\n"
-                             "int  a ,b=2 ;\n";
-    EXPECT_FORMAT(functions(), text, text);
+    PropertySet set = functions();
+    for (const char* name : {Prop::WS_BEFORE_CLASS_OPEN_BRACE, Prop::WS_AFTER_CLASS_OPEN_BRACE,
+                             Prop::WS_BEFORE_CLASS_CLOSE_BRACE, Prop::WS_BEFORE_NS_OPEN_BRACE,
+                             Prop::WS_AFTER_NS_OPEN_BRACE, Prop::WS_BEFORE_NS_CLOSE_BRACE,
+                             Prop::WS_BEFORE_ENUM_OPEN_BRACE, Prop::WS_AFTER_ENUM_OPEN_BRACE,
+                             Prop::WS_BEFORE_ENUM_CLOSE_BRACE, Prop::WS_BETWEEN_ENUM_ELEMENTS,
+                             Prop::GLOBAL_WS_BEFORE_OPEN_BRACE, Prop::GLOBAL_WS_AFTER_OPEN_BRACE,
+                             Prop::GLOBAL_WS_BEFORE_CLOSE_BRACE, Prop::WS_AFTER_TP_CLOSE_BRACKET})
+        set.setString(name, "\n");
+    for (const char* name : {Prop::INDENT_CLASS_CONTENT, Prop::INDENT_NS_CONTENT, Prop::INDENT_ENUM_CONTENT,
+                             Prop::GLOBAL_INDENT_CONTENT})
+        set.setString(name, "    ");
+    for (const char* name : {Prop::WS_AFTER_CLASS_NAME, Prop::WS_BEFORE_BASE_CLAUSES, Prop::WS_BETWEEN_BASE_CLAUSES,
+                             Prop::WS_AFTER_DD_TYPE_ID, Prop::WS_BETWEEN_DD_ELEMENTS, Prop::WS_BETWEEN_TP_PARAMS,
+                             Prop::WS_BEFORE_TP_OPEN_BRACKET})
+        set.setString(name, " ");
+    for (const char* name : {Prop::WS_BEFORE_BASE_CLAUSES_COMMA, Prop::WS_BEFORE_DD_COMMA, Prop::WS_BEFORE_ENUM_COMMA,
+                             Prop::WS_BEFORE_TP_COMMA, Prop::WS_AFTER_TP_OPEN_BRACKET,
+                             Prop::WS_BEFORE_TP_CLOSE_BRACKET})
+        set.setString(name, "");
+    return set;
+}
+
+TEST(CppFormatterTest, UnsetDeclarationSettingsKeepTheirGaps)
+{
+    // Only the operator rule is set: the initialisers are spaced, every
+    // other gap stays.
+    const std::string in = "namespace  N{ int  a=1 ;\n  class C{ public: int x ; };}\n"
+                           "enum E{ A=1 , B };\n"
+                           "template< class T > class D { };\n"
+                           "extern \"C\" {  int  b ; }\n"
+                           "struct S { int  x; }  s ;\n"
+                           "int  a ,b=2 ;\n";
+    // LEFT_MARGIN "" is set: the namespace's content starts at the margin.
+    const std::string out = "namespace  N{ int  a = 1 ;\nclass C{ public: int x ; };}\n"
+                            "enum E{ A=1 , B };\n"
+                            "template< class T > class D { };\n"
+                            "extern \"C\" {  int  b ; }\n"
+                            "struct S { int  x; }  s ;\n"
+                            "int  a ,b = 2 ;\n";
+    EXPECT_FORMAT(functions(), out, in);
+}
+
+TEST(CppFormatterTest, ClassWithBasesLabelsAndMembers)
+{
+    EXPECT_FORMAT(declarations(), "class A : public B, private C\n{\npublic:\n    int a;\n};",
+                  "class A:public B ,private C{public:\n int  a;};");
+}
+
+TEST(CppFormatterTest, NamespacesNestAndLinkageBlocksIndent)
+{
+    EXPECT_FORMAT(declarations(), "namespace N\n{\n    namespace M\n    {\n        int a;\n    }\n}",
+                  "namespace N { namespace M { int a; } }");
+    EXPECT_FORMAT(declarations(), "extern \"C\"\n{\n    int f(int);\n}", "extern \"C\" { int f(int); }");
+}
+
+TEST(CppFormatterTest, EnumeratorsOneALineWithAlignedInitialisers)
+{
+    EXPECT_FORMAT(declarations(), "enum E\n{\n    A = 1,\n    B,\n    C = 3\n};", "enum E{A=1,B ,C=3};");
+    const PropertySet aligned = withBool(declarations(), Prop::ALIGN_ENUM_INITIALIZERS, true);
+    EXPECT_FORMAT(aligned, "enum E\n{\n    A       = 1,\n    Long    = 2\n};", "enum E { A = 1, Long = 2 };");
+}
+
+TEST(CppFormatterTest, TemplateHeadAndTheDeclarationUnderIt)
+{
+    EXPECT_FORMAT(declarations(), "template <class T, class U = X<T> >\nclass C\n{\n    T t;\n};",
+                  "template<class T,class U=X<T> > class C { T t; };");
+    // The stack entry of the head is gone behind the class: "int b" is at
+    // the namespace's indent.
+    EXPECT_FORMAT(declarations(),
+                  "namespace N\n{\n    template <class T>\n    class C;\n    int b;\n}",
+                  "namespace N { template <class T> class C;\nint b; }");
+}
+
+TEST(CppFormatterTest, DataDeclarationsTypeGapListAndInitialisers)
+{
+    EXPECT_FORMAT(declarations(), "int a = 1, b;\nint c(1, 2);", "int  a=1 ,b;\nint c(1, 2);");
+    const PropertySet names = withBool(declarations(), Prop::ALIGN_DD_NAMES_LEFT, true);
+    EXPECT_FORMAT(names, "int     a;\ndouble  b;\nchar*   c;", "int a;\ndouble b;\nchar* c;");
+    // The declarator behind a class body is never aligned.
+    EXPECT_FORMAT(names, "struct S\n{\n    int x;\n} s;\nint     a;\ndouble  b;",
+                  "struct S { int x; } s;\nint a;\ndouble b;");
 }
 
 TEST(CppFormatterTest, DataDeclarationsInAFunctionMoveAsABlock)
@@ -436,6 +514,9 @@ TEST(CppFormatterTest, BlanksAtALineStartCountFromTheStatement)
     EXPECT_FORMAT(set,
                   "void f()\n{\n    if (a)\n      {\n        if (b)\n          {\n            x();\n          }\n      }\n}",
                   "void f()\n{\nif (a) { if (b) { x(); } }\n}");
+    // The "if" keeps its inner layout and moves to the body's indent.
+    EXPECT_FORMAT(functions(), "void f()\n{\n    int  a = 1;\n    if(a)\n    {\n      b ( ) ;\n    }\n}",
+                  "void f()\n{\nint  a = 1;\nif(a)\n{\n  b ( ) ;\n}\n}");
 }
 
 TEST(CppFormatterTest, ContinuedStringInAnExpressionKeepsItsCharacters)

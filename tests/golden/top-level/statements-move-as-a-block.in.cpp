@@ -1,4 +1,4 @@
-// A data declaration in a function body keeps its inner layout and moves to the body's indent; control statements are laid out.
+// Data declarations and control statements in a function body are laid out at the body's indent.
 void f()
 {
 int  a = 1;

@@ -1,4 +1,4 @@
-// Classes, namespaces, enums, templates, linkage blocks and data declarations come out as they stand.
+// Classes, namespaces, enums, templates, linkage blocks and data declarations laid out by the default scheme; unset gaps (before ";", behind a label) stay.
 namespace  N{ int  a=1 ;
   class C{ public: int x ; };}
 enum E{ A=1 , B };

@@ -1,0 +1,10 @@
+// Base clauses spaced, access labels at the class's column, members indented (default scheme).
+class Shape:public Drawable ,  protected virtual Named{
+public :
+int sides;
+  protected:
+      void draw( ) ;
+private:
+    // the cache
+    mutable int   cache;
+};

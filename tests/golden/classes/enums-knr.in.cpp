@@ -1,0 +1,3 @@
+// Enumerators under K&R.
+enum Colour{Red=1,Green ,Blue=10};
+enum class Mode : unsigned char { Off, On };

@@ -1,0 +1,6 @@
+// An extern "C" block under K&R.
+extern "C"{
+int open_file(const char* name);
+  extern int errno_value;
+}
+extern "C" int single(void);

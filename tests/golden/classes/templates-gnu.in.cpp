@@ -1,0 +1,4 @@
+// Template heads under GNU.
+template<typename T,int N>class Array{T items[N];};
+template<class T>
+T maximum(T a,T b);
