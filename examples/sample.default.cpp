@@ -5,29 +5,48 @@
 #include <string>
 #include <vector>
 
-namespace sample{
-  const int   DEFAULT_QUANTITY=1;   // used when none is given
-  static const char *const NAMES[]={"shell","tide","reef"};
+namespace sample
+{
+    const int DEFAULT_QUANTITY = 1;   // used when none is given
+    static const char *const NAMES[] = {"shell", "tide", "reef"};
 
-struct Counted{virtual ~Counted(){}};
+    struct Counted
+    {
+        virtual ~Counted()
+        {
+        }
+    };
 
-class Inventory:public Counted {
-  public:
-      explicit Inventory(std::string owner):m_owner(owner),m_count(0){}
+    class Inventory : public Counted
+    {
+    public:
+        explicit Inventory(std::string owner) : m_owner(owner), m_count(0)
+        {
+        }
 
-  void add(const std::string &item,int quantity=DEFAULT_QUANTITY){
-    for(int i=0;i<quantity;++i) m_items.push_back(item);
-        m_count+=quantity;
-  }
+        void add(const std::string& item, int quantity = DEFAULT_QUANTITY)
+        {
+            for (int i = 0; i < quantity; ++i)
+                m_items.push_back(item);
+            m_count += quantity;
+        }
 
-  int count()const{return m_count;}
-private:
-  std::string m_owner;
-  std::vector<std::string>    m_items;
-     int m_count;
-};
+        int count()const
+        {
+            return m_count;
+        }
+    private:
+        std::string m_owner;
+        std::vector<std::string> m_items;
+        int m_count;
+    };
 
-enum Colour{RED,GREEN=2,BLUE};
+    enum Colour
+    {
+        RED,
+        GREEN = 2,
+        BLUE
+    };
 }   // namespace sample
 
 int main(int argc, char* argv[])
@@ -55,7 +74,7 @@ int main(int argc, char* argv[])
     {
         std::cerr << e.what() << '\n';return 1;
     }
-    int n=0;
+    int n = 0;
     while (n < 3)
     {
         ++n;

@@ -10,9 +10,9 @@ int main(void)
 
 struct Dress
 {
-char name[20];
-int size;
-double price;
+    char name[20];
+    int size;
+    double price;
 };
 
 

@@ -8,9 +8,9 @@
 class A : public B, C
 {
 public:
-A(int num);
+    A(int num);
 private:
-int m_Num;
+    int m_Num;
 };
 
 int main(void)
@@ -32,17 +32,21 @@ int main(void)
 
 namespace NS
 {
-enum Seasons
-{
-spring,summer,autumn,winter
-};
+    enum Seasons
+    {
+        spring,
+        summer,
+        autumn,
+        winter
+    };
 }
 
 char* userName = 0;
 int count = 42;
 int& countRef = count;
 
-template <class T, int i> class Buffer
+template <class T, int i>
+class Buffer
 {
-Buffer();
+    Buffer();
 };

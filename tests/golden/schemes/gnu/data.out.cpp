@@ -2,8 +2,8 @@ int
 main (void)
 {
   const int arraySize = 3;
-  const char* errorMsg = "Unknown";
-  const char* colorName = "Red";
+  const char *errorMsg = "Unknown";
+  const char *colorName = "Red";
   const char defaultColor = 'r';
 
   char color[arraySize] = {'r', 'g', 'b'};
@@ -11,9 +11,9 @@ main (void)
 
 struct Dress
 {
-char name[20];
-int size;
-double price;
+  char name[20];
+  int size;
+  double price;
 };
 
 

@@ -4,7 +4,7 @@ main (void)
 {
   float age[size];
   cout << "enter your age";
-  int i=0;
+  int i = 0;
   float temp = 21;
   while (i < size && temp >= 0)
     {
@@ -17,8 +17,8 @@ main (void)
 int
 main (void)
 {
-  char x[2] [20] = {"Silly","to demonstrate layout\n"};
-  char * y = "example";
+  char x[2][20] = {"Silly", "to demonstrate layout\n"};
+  char *y = "example";
 
   for (int i = 0; i < 3; i++)
     {

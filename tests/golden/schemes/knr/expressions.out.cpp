@@ -3,7 +3,7 @@ int main(void)
 {
     float age[size];
     cout << "enter your age";
-    int i=0;
+    int i = 0;
     float temp = 21;
     while (i < size && temp >= 0) {
         age[i++] = temp;
@@ -14,8 +14,8 @@ int main(void)
 
 int main(void)
 {
-    char x[2] [20] = {"Silly","to demonstrate layout\n"};
-    char * y = "example";
+    char x[2][20] = {"Silly", "to demonstrate layout\n"};
+    char *y = "example";
 
     for (int i = 0; i < 3; i++) {
         cout << (test() ? y : x[1]);

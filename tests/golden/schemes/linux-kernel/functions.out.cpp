@@ -4,7 +4,7 @@ String *callme2(int ph, Date when);
 
 // something in between
 int i;
-char* c;
+char *c;
 
 // another group of functions
 VeryLongClassName callme3();

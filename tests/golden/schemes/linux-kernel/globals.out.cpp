@@ -5,12 +5,11 @@
 // Each option has context-help.
 // Previews update in real-time!
 
-class A : public B, C
-{
+class A : public B, C {
 public:
-A(int num);
+	A(int num);
 private:
-int m_Num;
+	int m_Num;
 };
 
 int main(void)
@@ -26,19 +25,20 @@ int main(void)
 	return 0;
 }
 
-namespace NS
-{
-enum Seasons
-{
-spring,summer,autumn,winter
+namespace NS {
+enum Seasons {
+	spring,
+	summer,
+	autumn,
+	winter
 };
 }
 
-char* userName = 0;
+char *userName = 0;
 int count = 42;
-int& countRef = count;
+int &countRef = count;
 
-template <class T, int i> class Buffer
-{
-Buffer();
+template <class T, int i>
+class Buffer {
+	Buffer();
 };

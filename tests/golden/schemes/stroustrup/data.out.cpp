@@ -8,11 +8,10 @@ int main(void)
     char color[arraySize] = {'r', 'g', 'b'};
 }
 
-struct Dress
-{
-char name[20];
-int size;
-double price;
+struct Dress {
+    char name[20];
+    int size;
+    double price;
 };
 
 

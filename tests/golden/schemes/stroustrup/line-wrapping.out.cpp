@@ -13,9 +13,22 @@ void PrintAddress(const Address* a)
     cout << a->name << '\n' << a->website << '\n' << a->street << '\n' << a->suburb << '\n' << a->state << '\n' << a->postcode << '\n' << a->country << '\n';
 }
 
-enum Colours{blue,pink,yellow,green,orange,red,purple,magenta,violet,peach,aquamarine};
+enum Colours {
+    blue,
+    pink,
+    yellow,
+    green,
+    orange,
+    red,
+    purple,
+    magenta,
+    violet,
+    peach,
+    aquamarine
+};
 
-class Test:public virtual classA,private virtual classB,virtual classC,public virtual classD{};
+class Test : public virtual classA, private virtual classB, virtual classC, public virtual classD {
+};
 
 Person(const std::string& firstName, const std::string& lastName, eGender sexOfPerson, const Date& dateOfBirth) : m_FirstName(firstName), m_LastName(lastName), m_Sex(sexOfPerson), m_DateOfBirth(dateOfBirth)
 {

@@ -5,8 +5,10 @@ Queue::Queue(int qs) : qsize(qs)
 }
 
 namespace MyNS {
-Cls::Cls(char* p1, int p2) : m_P1(p1),m_P2(p2){
-++m_Count;}
+    Cls::Cls(char* p1, int p2) : m_P1(p1), m_P2(p2)
+    {
+        ++m_Count;
+    }
 }
 
 Employee::Employee(const Firm& f) : m_Firm(f)

@@ -6,12 +6,12 @@
 // Previews update in real-time!
 
 class A : public B, C
-{
+    {
 public:
-A(int num);
+    A(int num);
 private:
-int m_Num;
-};
+    int m_Num;
+    };
 
 int main(void)
     {
@@ -31,18 +31,22 @@ int main(void)
     }
 
 namespace NS
-{
-enum Seasons
-{
-spring,summer,autumn,winter
-};
-}
+    {
+    enum Seasons
+    {
+        spring,
+        summer,
+        autumn,
+        winter
+    };
+    }
 
-char* userName = 0;
+char *userName = 0;
 int count = 42;
-int& countRef = count;
+int &countRef = count;
 
-template <class T, int i> class Buffer
-{
-Buffer();
-};
+template <class T, int i>
+class Buffer
+    {
+    Buffer();
+    };
