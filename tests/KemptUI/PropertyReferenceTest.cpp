@@ -38,7 +38,8 @@ TEST(PropertyReferenceTest, SaysWhichOptionsActToday)
     const std::string doc = KemptUI::propertyReference();
     EXPECT_NE(doc.find("| `WS_BETWEEN_EXPR_OP_OPERANDS` |"), std::string::npos);
     EXPECT_NE(doc.find("| Option | Kind | Values | Fallback | Label | Acts | Notes |"), std::string::npos);
-    EXPECT_NE(doc.find("| partly: extern \"C\" blocks; bare blocks not yet |"), std::string::npos);
+    EXPECT_NE(doc.find("| `GLOBAL_WS_AFTER_OPEN_PAREN` | White space | newlines, tabs and blanks | `\"\"` | After open paren: | not yet |"),
+              std::string::npos);
 }
 
 TEST(PropertyReferenceTest, PageFlagsAreTheEditorsAndUnusedNamesActNowhere)
@@ -61,7 +62,8 @@ TEST(PropertyReferenceTest, PageFlagsAreTheEditorsAndUnusedNamesActNowhere)
     }
     EXPECT_EQ(Kempt::propertyEffect(Kempt::Prop::FN_DO_NOT_FORMAT), PropertyEffect::IN_EFFECT);
     EXPECT_EQ(Kempt::propertyEffect(Kempt::Prop::WS_BEFORE_CLASS_OPEN_BRACE), PropertyEffect::IN_EFFECT);
-    EXPECT_EQ(Kempt::propertyEffect(Kempt::Prop::WS_BEFORE_CS_OPEN_BRACE), PropertyEffect::NOT_YET);
+    EXPECT_EQ(Kempt::propertyEffect(Kempt::Prop::WS_BEFORE_CS_OPEN_BRACE), PropertyEffect::IN_EFFECT);
+    EXPECT_EQ(Kempt::propertyEffect(Kempt::Prop::GLOBAL_WS_AFTER_OPEN_PAREN), PropertyEffect::NOT_YET);
     EXPECT_EQ(Kempt::propertyEffect("NO_SUCH_NAME"), PropertyEffect::NOT_YET);
     EXPECT_EQ(Kempt::effectNote(Kempt::Prop::TAB_SIZE), "");
 }
