@@ -29,8 +29,12 @@ bool isOneOf(int c, const char* set)
 
 } // namespace
 
-Lexer::Lexer(std::istream& in) : m_input(in, 0, 1, 1, 0)
+Lexer::Lexer(std::istream& in)
+    : m_source(in),
+      m_start(in.rdbuf() ? in.rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::in)
+                         : std::streampos(std::streamoff(-1)))
 {
+    m_input.emplace(in, 0, 1, 1, 0);
     // Fill the process-wide word tables now, once for the process.
     keywordType("new");
     isSplitWord("new");
@@ -40,8 +44,18 @@ Lexer::~Lexer() = default;
 
 void Lexer::dump(std::ostream& out) const
 {
-    out << "line:\t" << m_input.line() << "\tcol:\t" << m_input.col() << "\tlastlinecol:\t"
-        << m_input.buf().lastLineLength() << '\n';
+    out << "line:\t" << m_input->line() << "\tcol:\t" << m_input->col() << "\tlastlinecol:\t"
+        << m_input->buf().lastLineLength() << '\n';
+}
+
+bool Lexer::restart()
+{
+    if (!canRestart() || m_source.rdbuf()->pubseekpos(m_start, std::ios_base::in) != m_start)
+        return false;
+    m_input.reset();
+    m_input.emplace(m_source, 0, 1, 1, 0);
+    m_pending = Trn::Token();
+    return true;
 }
 
 Trn::Token Lexer::next()

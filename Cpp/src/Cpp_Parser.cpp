@@ -11,7 +11,9 @@
 #include "Varnel_Contract.h"
 #include "Varnel_Text.h"
 
+#include <algorithm>
 #include <cctype>
+#include <iterator>
 #include <string_view>
 #include <unordered_set>
 
@@ -148,13 +150,36 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::FormatMessageL
 void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& messages)
 {
     MessagesGuard guard(m_messages, messages);
+    const auto given = static_cast<std::ptrdiff_t>(m_messages.size());
+    const auto dropOwnMessages = [&] { m_messages.erase(std::next(m_messages.begin(), given), m_messages.end()); };
+
+    // 1. The core rules. A text that cannot be read again is read by them only.
+    const bool canReadAgain = lexer.canRestart();
+    RootNode core;
+    if (read(lexer, core, Reading::CORE, canReadAgain) || !lexer.restart()) {
+        root = std::move(core);
+        return;
+    }
+    // 2. The extensions.
+    dropOwnMessages();
+    RootNode extended;
+    read(lexer, extended, Reading::EXTENDED, false);
+    root = std::move(extended);
+}
+
+bool Parser::read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stopAtFault)
+{
+    const std::size_t before = m_messages.size();
     m_lastPosition = Trn::Position();
     m_nesting = 0;
     m_tooDeep = false;
-    Trn::TokenStream stream(lexer);
-    RootNode local;
-    parseTopLevel(stream, local);
-    root = std::move(local);
+    m_extended = reading != Reading::CORE;
+    m_stopAtFault = stopAtFault;
+    m_faulted = false;
+    Trn::TokenStream stream(tokens);
+    parseTopLevel(stream, root);
+    return std::none_of(std::next(m_messages.begin(), static_cast<std::ptrdiff_t>(before)), m_messages.end(),
+                        [](const Trn::FormatMessage& m) { return m.code != 2; });
 }
 
 // ---------------------------------------------------------------------------
@@ -162,7 +187,7 @@ void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& message
 
 void Parser::parseTopLevel(Stream& s, RootNode& root)
 {
-    while (!m_tooDeep) {
+    while (!stopping()) {
         const Trn::Token t = s.peek(1);
         if (t.type() == END_OF_FILE)
             return;
@@ -242,7 +267,7 @@ SyntaxNode* Parser::parseDeclaration(Stream& s, bool& isTypeBody, bool bitFields
 {
     isTypeBody = false;
     NestingGuard nesting(*this, s.peek(1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     Gathered g;
     if (!classifyDeclaration(s, g))
@@ -845,23 +870,28 @@ void Parser::report(std::int32_t code, const Trn::Token& at)
     report(code, placeOf(at));
 }
 
-// Once nesting has gone too deep the parse only unwinds: what the routines
-// on the way out would report follows from that one fault and is not told.
+// Once nesting has gone too deep, or a reading that stops at its first fault
+// has one, the parse only unwinds: what the routines on the way out would
+// report follows from that one fault and is not told.
 void Parser::report(std::int32_t code, const Trn::Position& at)
 {
-    if (!m_tooDeep)
-        m_messages.push_back(Trn::FormatMessage::coded(code, at));
+    if (stopping())
+        return;
+    m_messages.push_back(Trn::FormatMessage::coded(code, at));
+    m_faulted = m_stopAtFault && code != 2;
 }
 
 void Parser::compose(const std::string& text, const Trn::Token& at)
 {
-    if (!m_tooDeep)
-        m_messages.push_back(Trn::FormatMessage::composed(text, placeOf(at)));
+    if (stopping())
+        return;
+    m_messages.push_back(Trn::FormatMessage::composed(text, placeOf(at)));
+    m_faulted = m_stopAtFault;
 }
 
 void Parser::reportTooDeep(const Trn::Token& at)
 {
-    if (m_tooDeep)
+    if (stopping())
         return;
     m_messages.push_back(Trn::FormatMessage::composed(tooDeepText(), placeOf(at)));
     m_tooDeep = true;

@@ -22,6 +22,13 @@
 //  4. Every loop consumes at least one token per turn, and nesting deeper than
 //     MAX_NESTING constructs ends the parse with one message saying so, so
 //     that no input makes it hang or exhaust the stack.
+//  5. A text is read first by the core rules. Only a text they refuse is read
+//     again, from its start, with the extensions for real-world code (macro
+//     lines without a semicolon, C++11 and later syntax; see `m_extended`).
+//     So a text the core rules accept always keeps exactly the tree they give
+//     it. The messages of a text refused by every reading are those of the
+//     extended reading. A first reading that will be repeated stops at its
+//     first fault.
 //
 // The routines are split over several files by construct family:
 // Cpp_Parser.cpp (core, top level), Cpp_Parser_Classes.cpp (classes, enums,
@@ -107,6 +114,14 @@ private:
     enum class DeclKind { DATA, FUNCTION, CLASS, ENUM };
 
     // --- core and top level (Cpp_Parser.cpp) ---
+    // How a text is read: by the core rules, or with the extensions.
+    enum class Reading { CORE, EXTENDED };
+    // One reading of the whole text; true when it left no message but code 2.
+    // `stopAtFault` ends the reading at its first fault.
+    bool read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stopAtFault);
+    // Whether the routines should unwind: nesting went too deep, or a reading
+    // that stops at its first fault has one.
+    bool stopping() const { return m_tooDeep || m_faulted; }
     struct Gathered;
     void parseTopLevel(Stream& s, RootNode& root);
     void topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t);
@@ -220,6 +235,11 @@ private:
     Trn::Position m_lastPosition; // of the last real token taken, for messages at end of input
     int m_nesting = 0;
     bool m_tooDeep = false;
+    // The extensions for real-world code are on (a reading after the core one).
+    bool m_extended = false;
+    // The reading ends at its first message other than code 2, and has one.
+    bool m_stopAtFault = false;
+    bool m_faulted = false;
 };
 
 // Word tests of the parser's own vocabulary.

@@ -79,7 +79,7 @@ public:
     NestingGuard(const NestingGuard&) = delete;
     NestingGuard& operator=(const NestingGuard&) = delete;
 
-    bool tooDeep() const { return m_parser.m_tooDeep; }
+    bool stopping() const { return m_parser.stopping(); }
 
 private:
     Parser& m_parser;

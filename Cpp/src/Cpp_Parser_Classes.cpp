@@ -230,7 +230,7 @@ ClassBodyNode* Parser::parseClassBody(Stream& s)
     body->setBegin(open.start());
     collectDiscardable(s, *body);
     int depth = 1;
-    while (!m_tooDeep) {
+    while (!stopping()) {
         collectDiscardable(s, *body);
         const Trn::Token t = peekAt(s, 1);
         switch (t.type()) {
@@ -423,7 +423,7 @@ EnumBodyNode* Parser::parseEnumBody(Stream& s)
 NamespaceDeclNode* Parser::parseNamespace(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     skipDiscardable(s);
     const Trn::Token keyword = get(s);
@@ -497,7 +497,7 @@ NamespaceBodyNode* Parser::parseNamespaceBody(Stream& s)
     auto body = std::make_unique<NamespaceBodyNode>();
     body->setBegin(open.start());
     int depth = 1;
-    while (!m_tooDeep) {
+    while (!stopping()) {
         collectDiscardable(s, *body);
         const Trn::Token t = peekAt(s, 1);
         const BodyTurn turn = declarationBodyTurn(s, *body, t, depth);
@@ -590,7 +590,7 @@ SyntaxNode* Parser::parseExtern(Stream& s)
 LinkageBlockNode* Parser::parseLinkageBlock(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     skipDiscardable(s);
     const Trn::Token keyword = get(s);
@@ -627,7 +627,7 @@ LinkageBlockBodyNode* Parser::parseLinkageBody(Stream& s)
     auto body = std::make_unique<LinkageBlockBodyNode>();
     body->setBegin(open.start());
     int depth = 1;
-    while (!m_tooDeep) {
+    while (!stopping()) {
         collectDiscardable(s, *body);
         const Trn::Token t = peekAt(s, 1);
         const std::int32_t type = t.type();

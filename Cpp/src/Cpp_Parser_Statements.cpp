@@ -36,7 +36,7 @@ bool isJumpKeyword(std::int32_t type)
 BlockNode* Parser::parseBlock(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     auto block = std::make_unique<BlockNode>();
     for (;;) {
@@ -93,7 +93,7 @@ BlockNode* Parser::parseBlock(Stream& s)
 void Parser::parseBlockContent(Stream& s, BlockNode& node)
 {
     int depth = 1;
-    while (depth > 0 && !m_tooDeep) {
+    while (depth > 0 && !stopping()) {
         const Trn::Token t = get(s);
         parseBlockTurn(s, node, t, depth);
         if (depth > 0 && !isEnd(t))
@@ -286,7 +286,7 @@ ExprNode* Parser::parseExpression(Stream& s)
 CtrlStmtNode* Parser::parseControlStatement(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     skipDiscardable(s);
     const Trn::Token t = peekAt(s, 1);

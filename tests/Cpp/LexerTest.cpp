@@ -318,4 +318,64 @@ TEST(LexerTest, ArbitraryBytesNeverStopTheLexer)
     }
 }
 
+// A stream buffer over a string that cannot be set back, like a pipe's.
+class ForwardOnlyBuf : public std::streambuf {
+public:
+    explicit ForwardOnlyBuf(std::string text) : m_text(std::move(text))
+    {
+        setg(m_text.data(), m_text.data(), m_text.data() + m_text.size());
+    }
+
+private:
+    std::string m_text;
+};
+
+std::vector<std::string> restOf(Cpp::Lexer& lexer)
+{
+    std::vector<std::string> lines;
+    for (Trn::Token t = lexer.next(); t.type() != Cpp::END_OF_FILE; t = lexer.next())
+        lines.push_back(Cpp::dumpLine(t));
+    return lines;
+}
+
+TEST(LexerTest, RestartReadsTheTextAgainFromItsStart)
+{
+    const std::string text = "int a;\n  // c\n#define X \\\n 1\nX::operator new";
+    std::istringstream in(text);
+    Cpp::Lexer lexer(in);
+    EXPECT_TRUE(lexer.canRestart());
+    const auto first = restOf(lexer);
+    ASSERT_TRUE(lexer.restart());
+    EXPECT_EQ(restOf(lexer), first);
+    // Also halfway through, with a token read ahead ("::operator" after "X").
+    ASSERT_TRUE(lexer.restart());
+    for (int i = 0; i < 6; ++i)
+        lexer.next();
+    ASSERT_TRUE(lexer.restart());
+    EXPECT_EQ(restOf(lexer), first);
+    EXPECT_EQ(first, dump(text));
+}
+
+TEST(LexerTest, RestartGoesBackToWhereTheLexerBegan)
+{
+    std::istringstream in("skipped int x;");
+    in.seekg(8);
+    Cpp::Lexer lexer(in);
+    const auto first = restOf(lexer);
+    ASSERT_TRUE(lexer.restart());
+    EXPECT_EQ(restOf(lexer), first);
+    EXPECT_EQ(first, dump("int x;"));
+}
+
+TEST(LexerTest, StreamThatCannotBeSetBackCannotRestart)
+{
+    ForwardOnlyBuf buf("int x;");
+    std::istream in(&buf);
+    Cpp::Lexer lexer(in);
+    EXPECT_FALSE(lexer.canRestart());
+    EXPECT_EQ(restOf(lexer), dump("int x;"));
+    EXPECT_FALSE(lexer.restart());
+    EXPECT_EQ(lexer.next().type(), Cpp::END_OF_FILE);
+}
+
 } // namespace
