@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cctype>
 #include <iterator>
+#include <memory>
 #include <string_view>
 #include <unordered_set>
 
@@ -123,6 +124,8 @@ struct Parser::Gathered {
     bool functionPointer = false;
     // The last token gathered that is neither a comment nor a directive.
     Trn::Token prev;
+    // A macro line without its semicolon: `NS_END` before `}`.
+    bool macroLine = false;
 
     void append(const Trn::Token& t)
     {
@@ -178,8 +181,7 @@ bool Parser::read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stop
     m_faulted = false;
     Trn::TokenStream stream(tokens);
     parseTopLevel(stream, root);
-    return std::none_of(std::next(m_messages.begin(), static_cast<std::ptrdiff_t>(before)), m_messages.end(),
-                        [](const Trn::FormatMessage& m) { return m.code != 2; });
+    return onlyMacroNotes(before);
 }
 
 // ---------------------------------------------------------------------------
@@ -238,6 +240,10 @@ void Parser::topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t)
     }
     // The macro-block form: `BEGIN_MAP { ... }`
     if (t.type() == IDENTIFIER && nextSignificant(s, 2).type() == LBRACE) {
+        if (m_extended) {
+            parseMacroScope(s, root);
+            return;
+        }
         const Trn::Token name = get(s);
         root.add(new ExprNode(name.start(), name.end()));
         root.add(parseBlock(s));
@@ -250,6 +256,45 @@ void Parser::topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t)
         return;
     }
     addWithSemicolon(s, root, declaration, isTypeBody);
+}
+
+// A name followed by braces, with the extensions: read as the macro-block
+// form when the braces hold statements, `BEGIN_MAP { ENTRY(1) }`, and
+// otherwise as a scope of declarations that the macro opens, like a namespace:
+// `TOML_NAMESPACE_START { class A; }`.
+void Parser::parseMacroScope(Stream& s, InteriorNode& node)
+{
+    const Trn::Token name = get(s);
+    skipDiscardable(s);
+    TokenList braces{get(s)};
+    if (!gatherBalanced(s, braces, LBRACE, RBRACE, 1))
+        return;
+    const std::size_t before = m_messages.size();
+    {
+        Stream statements(braces);
+        std::unique_ptr<BlockNode> block(parseBlock(statements));
+        const bool allRead = peekAt(statements, 1).type() == END_OF_FILE;
+        if (block && allRead && onlyMacroNotes(before)) {
+            node.add(new ExprNode(name.start(), name.end()));
+            node.add(block.release());
+            return;
+        }
+    }
+    if (m_tooDeep)
+        return;
+    m_messages.resize(before);
+    Stream declarations(braces);
+    NamespaceBodyNode* body = parseNamespaceBody(declarations);
+    if (!body)
+        return;
+    node.add(new NamespaceDeclNode(new NamespaceHeadNode(name.text(), name.start(), name.end()), body));
+}
+
+// Whether the messages since the first `count` are all code 2.
+bool Parser::onlyMacroNotes(std::size_t count) const
+{
+    return std::none_of(std::next(m_messages.begin(), static_cast<std::ptrdiff_t>(count)), m_messages.end(),
+                        [](const Trn::FormatMessage& m) { return m.code != 2; });
 }
 
 void Parser::addWithSemicolon(Stream& s, InteriorNode& node, SyntaxNode* declaration, bool isTypeBody)
@@ -285,6 +330,11 @@ SyntaxNode* Parser::parseDeclaration(Stream& s, bool& isTypeBody, bool bitFields
         return function;
     }
     case DeclKind::DATA: {
+        // The tree `NS_END;` would have.
+        if (g.macroLine) {
+            const Trn::Token& name = g.prev;
+            return new DataDeclNode(nullptr, new IdNode(name.text(), name.start(), name.end()), nullptr);
+        }
         gatherDataRest(s, g);
         Stream list(g.tokens);
         if (g.functionPointer)
@@ -394,6 +444,13 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
                 g.prev = g.tokens.back();
                 continue;
             }
+            // `NS_END }`, `G_END_DECLS` at the end of the text.
+            if (m_extended && prev == END_OF_FILE && endsMacroLine(s)) {
+                g.kind = DeclKind::DATA;
+                g.macroLine = true;
+                g.prev = t;
+                return true;
+            }
             break;
         case END_OF_FILE:
         case INVALID_TOKEN: report(1, t); return false;
@@ -424,6 +481,32 @@ bool Parser::classifyBracket(Stream& s, Gathered& g)
         return false;
     g.kind = DeclKind::FUNCTION;
     return true;
+}
+
+// Whether what follows ends a macro line that has no semicolon: the end of
+// the text, the "}" of the enclosing body, or the next declaration beginning
+// with `namespace`, `inline namespace`, `using` or `extern`.
+bool Parser::endsMacroLine(Stream& s)
+{
+    switch (nextSignificant(s).type()) {
+    case END_OF_FILE:
+    case RBRACE:
+    case NAMESPACE_KEY:
+    case USING_KEY:
+    case EXTERN_KEY: return true;
+    default: return startsInlineNamespace(s);
+    }
+}
+
+// `inline namespace v1 {` ahead.
+bool Parser::startsInlineNamespace(Stream& s)
+{
+    std::int32_t n = 1;
+    while (isDiscardable(peekAt(s, n)))
+        ++n;
+    if (peekAt(s, n).type() != INLINE_KEY)
+        return false;
+    return nextSignificant(s, n + 1).type() == NAMESPACE_KEY;
 }
 
 // Gathers tokens through the first one of `type`.

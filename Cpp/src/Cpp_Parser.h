@@ -128,6 +128,10 @@ private:
     SyntaxNode* parseDeclaration(Stream& s, bool& isTypeBody, bool bitFieldsAllowed = false);
     bool classifyDeclaration(Stream& s, Gathered& g);
     bool classifyBracket(Stream& s, Gathered& g);
+    bool endsMacroLine(Stream& s);
+    bool startsInlineNamespace(Stream& s);
+    void parseMacroScope(Stream& s, InteriorNode& node);
+    bool onlyMacroNotes(std::size_t count) const;
     bool gatherThrough(Stream& s, Gathered& g, std::int32_t type);
     bool gatherFunctionHead(Stream& s, Gathered& g);
     bool gatherInitializers(Stream& s, Gathered& g);

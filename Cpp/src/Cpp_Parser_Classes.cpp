@@ -478,6 +478,13 @@ Parser::BodyTurn Parser::declarationBodyTurn(Stream& s, InteriorNode& body, cons
     case EXTERN_KEY: body.add(parseExtern(s)); break;
     case END_OF_FILE:
     case INVALID_TOKEN: report(1, t); return BodyTurn::FAILED;
+    // With the extensions, a scope opened by a macro: `NS_START {`
+    case IDENTIFIER:
+        if (m_extended && nextSignificant(s, 2).type() == LBRACE) {
+            parseMacroScope(s, body);
+            break;
+        }
+        [[fallthrough]];
     default:
         if (!parseMemberDeclaration(s, body, false))
             return BodyTurn::FAILED;

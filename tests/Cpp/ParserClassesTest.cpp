@@ -12,27 +12,6 @@
 
 #include <memory>
 
-namespace Cpp {
-
-// Reaches one routine of the parser directly, on the tokens of a text.
-class ParserTestAccess {
-public:
-    static std::string classDump(const std::string& text)
-    {
-        std::vector<Trn::Token> tokens;
-        Varnel::IMemStream in(text);
-        Lexer lexer(in);
-        for (Trn::Token t = lexer.next(); t.type() != END_OF_FILE; t = lexer.next())
-            tokens.push_back(t);
-        Trn::TokenStream stream(tokens);
-        Parser parser;
-        std::unique_ptr<ClassDeclNode> node(parser.parseClass(stream));
-        return node ? dumpTree(*node) : "null";
-    }
-};
-
-} // namespace Cpp
-
 namespace {
 
 TEST(ParserClassesTest, DeclspecAndTemplateArgumentsStayInTheNamesAndOneBaseClause)
