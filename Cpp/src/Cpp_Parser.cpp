@@ -126,6 +126,8 @@ struct Parser::Gathered {
     Trn::Token prev;
     // A macro line without its semicolon: `NS_END` before `}`.
     bool macroLine = false;
+    // The words between a function's parameters and its body.
+    Trailer trailer;
 
     void append(const Trn::Token& t)
     {
@@ -323,7 +325,7 @@ SyntaxNode* Parser::parseDeclaration(Stream& s, bool& isTypeBody, bool bitFields
     case DeclKind::FUNCTION: {
         bool stoppedAtComma = false;
         gatherFunctionRest(s, g, stoppedAtComma);
-        FunctionDeclNode* function = parseFunction(g.tokens, s);
+        FunctionDeclNode* function = parseFunction(g.tokens, s, g.trailer);
         // `int f(), g();` gives two items: the comma between them is dropped.
         if (stoppedAtComma)
             get(s);
@@ -535,8 +537,18 @@ bool Parser::gatherFunctionHead(Stream& s, Gathered& g)
     if (!gatherBalanced(s, g.tokens, LPAREN, RPAREN, 1))
         return false;
     g.prev = g.tokens.back();
+    bool seenThrow = false;
     for (;;) {
         const Trn::Token t = get(s);
+        // With the extensions: `const override {`, `noexcept -> int {`
+        if (m_extended && !seenThrow && g.trailer.first == 0
+            && ((t.type() == IDENTIFIER && !isInterruptWord(t)) || t.type() == AMPERSAND || t.type() == LOGICAL_AND
+                || t.type() == ARROW)) {
+            s.unget();
+            if (gatherTrailer(s, g))
+                continue;
+            get(s);
+        }
         switch (t.type()) {
         case PREPROC_DIRECTIVE:
         case LINE_COMMENT:
@@ -552,6 +564,7 @@ bool Parser::gatherFunctionHead(Stream& s, Gathered& g)
         case CONST_KEY:
         case VOLATILE_KEY: g.append(t); continue;
         case THROW_KEY: {
+            seenThrow = true;
             g.append(t);
             const Trn::Token open = get(s);
             if (open.type() != LPAREN) {
@@ -577,6 +590,26 @@ bool Parser::gatherFunctionHead(Stream& s, Gathered& g)
         default: s.unget(); return true;
         }
     }
+}
+
+// The words between a function's parameter list and its body, when the
+// tokens ahead are such a run (see trailerLength): gathered, and their place
+// noted in g.trailer.
+bool Parser::gatherTrailer(Stream& s, Gathered& g)
+{
+    const std::int32_t length = trailerLength(s);
+    if (length == 0)
+        return false;
+    for (std::int32_t i = 0; i < length; ++i) {
+        const Trn::Token t = get(s);
+        g.append(t);
+        if (isDiscardable(t))
+            continue;
+        if (g.trailer.first == 0)
+            g.trailer.first = g.tokens.size();
+        g.trailer.last = g.tokens.size();
+    }
+    return true;
 }
 
 // The member initialisers up to the body's "{", which stays in the stream.

@@ -113,6 +113,14 @@ private:
     // What parseDeclaration found.
     enum class DeclKind { DATA, FUNCTION, CLASS, ENUM };
 
+    // Where the words between a function's parameter list and its body lie in
+    // its gathered head, `f() const override {`: indices counted from 1, as
+    // peek(n) counts them; `first` is 0 when there are none.
+    struct Trailer {
+        std::size_t first = 0;
+        std::size_t last = 0;
+    };
+
     // --- core and top level (Cpp_Parser.cpp) ---
     // How a text is read: by the core rules, or with the extensions.
     enum class Reading { CORE, EXTENDED };
@@ -135,6 +143,7 @@ private:
     bool gatherThrough(Stream& s, Gathered& g, std::int32_t type);
     bool gatherFunctionHead(Stream& s, Gathered& g);
     bool gatherInitializers(Stream& s, Gathered& g);
+    bool gatherTrailer(Stream& s, Gathered& g);
     void gatherInterruptTail(Stream& s, Gathered& g);
     void gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma);
     void gatherDataRest(Stream& s, Gathered& g);
@@ -202,8 +211,12 @@ private:
     List* parseCommaList(Stream& s, Item* (Parser::*parseItem)(Stream&));
 
     // --- functions and parameters (Cpp_Parser_Functions.cpp) ---
-    FunctionDeclNode* parseFunction(const TokenList& head, Stream& main);
-    FunctionHeadNode* parseFunctionHead(const TokenList& list, Stream& head);
+    FunctionDeclNode* parseFunction(const TokenList& head, Stream& main, const Trailer& trailer);
+    FunctionHeadNode* parseFunctionHead(const TokenList& list, Stream& head, const Trailer& trailer);
+    std::int32_t trailerLength(Stream& s);
+    std::int32_t balancedEnd(Stream& s, std::int32_t open);
+    bool initializerAhead(Stream& s, std::int32_t n);
+    bool specifierAhead(Stream& s, std::int32_t n);
     struct FunctionName;
     bool findFunctionName(const TokenList& list, std::size_t parenIndex, FunctionName& name);
     bool findOperatorName(const TokenList& list, FunctionName& name);
@@ -213,7 +226,7 @@ private:
     ParameterListNode* parseParameterList(Stream& s, bool templateMode);
     InitializerListNode* parseInitializerList(Stream& s);
     InitializerNode* parseInitializer(Stream& s);
-    TextNode* parseQualifiers(Stream& s);
+    TextNode* parseQualifiers(Stream& s, const Trailer& trailer);
 
     // --- data declarations (Cpp_Parser_Data.cpp) ---
     DataDeclNode* parseDataDeclaration(Stream& s, bool bitFieldsAllowed);

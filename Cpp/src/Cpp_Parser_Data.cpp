@@ -290,7 +290,7 @@ FunctionPtrDeclNode* Parser::parseFunctionPointer(Stream& s)
     std::unique_ptr<TextNode> qualifiers;
     const Trn::Token next = peekAt(s, 1);
     if (next.type() == CONST_KEY || next.type() == VOLATILE_KEY || isInterruptWord(next))
-        qualifiers.reset(parseQualifiers(s));
+        qualifiers.reset(parseQualifiers(s, Trailer()));
     auto node = new FunctionPtrDeclNode(type.release(), id.release(), parameters.release(), qualifiers.release());
     if (peekAt(s, 1).type() == SEMICOLON)
         node->setEnd(get(s).end());

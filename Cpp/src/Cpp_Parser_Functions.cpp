@@ -112,10 +112,10 @@ std::string joinName(const std::vector<Trn::Token>& list, std::size_t first, std
 // ---------------------------------------------------------------------------
 // Functions.
 
-FunctionDeclNode* Parser::parseFunction(const TokenList& headList, Stream& main)
+FunctionDeclNode* Parser::parseFunction(const TokenList& headList, Stream& main, const Trailer& trailer)
 {
     Stream head(headList);
-    std::unique_ptr<FunctionHeadNode> functionHead(parseFunctionHead(headList, head));
+    std::unique_ptr<FunctionHeadNode> functionHead(parseFunctionHead(headList, head, trailer));
     // `A::A() : b(1), c(2, 3) { }`
     std::unique_ptr<InitializerListNode> initializers;
     if (functionHead && nextSignificant(head).type() == COLON) {
@@ -138,7 +138,7 @@ FunctionDeclNode* Parser::parseFunction(const TokenList& headList, Stream& main)
     return new FunctionDeclNode(functionHead.release(), block.release());
 }
 
-FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
+FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head, const Trailer& trailer)
 {
     // Step 1: find the "(" of the parameter list, and the head's end.
     Trn::Token prev;
@@ -182,7 +182,9 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
                 prev = at(list, i);
                 continue;
             }
-            if (!seenThrow && paren == 0) {
+            // Parentheses behind the parameter list, `noexcept(true)`, are
+            // not the list.
+            if (!seenThrow && paren == 0 && (trailer.first == 0 || i < trailer.first)) {
                 foundParen = true;
                 parenIndex = i;
             }
@@ -246,12 +248,13 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
             return nullptr;
     }
 
-    // Step 5: `const`, `volatile`, `interrupt 3 using 2`.
+    // Step 5: `const`, `volatile`, `interrupt 3 using 2`, and with the
+    // extensions the words up to the body: `const noexcept override`.
     skipDiscardable(head);
     std::unique_ptr<TextNode> qualifiers;
     const Trn::Token next = peekAt(head, 1);
-    if (next.type() == CONST_KEY || next.type() == VOLATILE_KEY || isInterruptWord(next))
-        qualifiers.reset(parseQualifiers(head));
+    if (next.type() == CONST_KEY || next.type() == VOLATILE_KEY || isInterruptWord(next) || trailer.first != 0)
+        qualifiers.reset(parseQualifiers(head, trailer));
 
     // Step 6: `throw(...)`.
     skipDiscardable(head);
@@ -456,8 +459,9 @@ ExprNode* Parser::parsePureSpec(Stream& head)
     return nullptr;
 }
 
-// `const volatile`, then the extension tail `interrupt 3 using 2`, as one span.
-TextNode* Parser::parseQualifiers(Stream& s)
+// `const volatile`, then the extension tail `interrupt 3 using 2`, or the
+// words up to the body that `trailer` marks in a gathered head, as one span.
+TextNode* Parser::parseQualifiers(Stream& s, const Trailer& trailer)
 {
     bool any = false;
     Trn::Position begin;
@@ -479,6 +483,15 @@ TextNode* Parser::parseQualifiers(Stream& s)
         else
             break;
     }
+    // The stream is over the gathered head: its index counts the list from 0.
+    if (trailer.first != 0) {
+        while (s.index() >= 0 && static_cast<std::size_t>(s.index()) < trailer.last) {
+            const Trn::Token t = get(s);
+            if (!isDiscardable(t))
+                take(t);
+        }
+        return any ? new TextNode(begin, end) : nullptr;
+    }
     if (isInterruptWord(peekAt(s, 1))) {
         take(get(s));
         for (;;) {
@@ -489,6 +502,151 @@ TextNode* Parser::parseQualifiers(Stream& s)
         }
     }
     return any ? new TextNode(begin, end) : nullptr;
+}
+
+// ---------------------------------------------------------------------------
+// The words between a parameter list and a body (with the extensions).
+
+namespace {
+
+// Words of a trailing return type after "->": `-> const std::string&`
+bool isTypeWord(std::int32_t type)
+{
+    switch (type) {
+    case IDENTIFIER:
+    case CONST_KEY:
+    case VOLATILE_KEY:
+    case TYPENAME_KEY:
+    case AUTO_KEY:
+    case SIGNED_KEY:
+    case UNSIGNED_KEY:
+    case CLASS_KEY:
+    case STRUCT_KEY:
+    case UNION_KEY:
+    case ENUM_KEY:
+    case ASTERISK:
+    case AMPERSAND:
+    case LOGICAL_AND: return true;
+    default: return isBuiltInType(type);
+    }
+}
+
+} // namespace
+
+// How many tokens ahead form the words between a function's parameter list
+// (and its `const` or `volatile`) and its body; 0 when the tokens ahead are no
+// such run. The run begins with a name, "&", "&&" or "->" and holds names,
+// each with its parenthesised or angle-bracketed arguments (`noexcept(true)`,
+// `MACRO(x)`, `requires C<T>`), "&", "&&", `const`, `volatile`, and "->" with
+// a type. It must end before "{", before ":" that a member initialiser
+// follows, or before "=" that `0`, `default` or `delete` follows: so that
+// `MACRO(x) T y;` stays a macro and a declaration.
+std::int32_t Parser::trailerLength(Stream& s)
+{
+    bool any = false;
+    bool inType = false;       // behind "->"
+    bool inConstraint = false; // behind `requires`
+    for (std::int32_t n = 1;; ++n) {
+        const Trn::Token t = peekAt(s, n);
+        const std::int32_t type = t.type();
+        if (isDiscardable(t))
+            continue;
+        switch (type) {
+        case LBRACE: return any ? n - 1 : 0;
+        case COLON: return any && initializerAhead(s, n + 1) ? n - 1 : 0;
+        case EQUALS: return any && specifierAhead(s, n + 1) ? n - 1 : 0;
+        case ARROW: inType = true; break;
+        case IDENTIFIER:
+            if (isInterruptWord(t))
+                return 0;
+            if (t.text() == "requires")
+                inConstraint = true;
+            break;
+        case CONST_KEY:
+        case VOLATILE_KEY:
+        case AMPERSAND:
+        case LOGICAL_AND:
+            break;
+        case LPAREN:
+        case LESS_THAN:
+            if (!any)
+                return 0;
+            n = balancedEnd(s, n);
+            if (n == 0)
+                return 0;
+            break;
+        default:
+            if (any && ((inType && isTypeWord(type))
+                        || (inConstraint && (type == NOT || type == LOGICAL_OR || type == TRUE_KEY
+                                             || type == FALSE_KEY))))
+                break;
+            return 0;
+        }
+        any = true;
+    }
+}
+
+// The index of the ")" or ">" that closes the "(" or "<" at peek index
+// `open`, or 0. Parentheses inside angle brackets are counted, so that a ">"
+// in them closes nothing; a ">>" closes two angle brackets.
+std::int32_t Parser::balancedEnd(Stream& s, std::int32_t open)
+{
+    const bool angled = peekAt(s, open).type() == LESS_THAN;
+    int paren = angled ? 0 : 1;
+    int angle = angled ? 1 : 0;
+    for (std::int32_t n = open + 1;; ++n) {
+        switch (peekAt(s, n).type()) {
+        case END_OF_FILE: return 0;
+        case LPAREN: ++paren; break;
+        case RPAREN:
+            if (--paren < 0)
+                return 0;
+            break;
+        case LESS_THAN:
+            if (paren == 0)
+                ++angle;
+            break;
+        case GREATER_THAN:
+            if (paren == 0)
+                --angle;
+            break;
+        case RIGHT_SHIFT:
+            if (paren == 0)
+                angle -= 2;
+            break;
+        case SEMICOLON:
+        case LBRACE:
+        case RBRACE:
+            if (angled && paren == 0)
+                return 0;
+            break;
+        default: break;
+        }
+        if (paren == 0 && angle == 0)
+            return n;
+        if (angle < 0)
+            return 0;
+    }
+}
+
+// A member initialiser at peek index `n`: a name, then "(", "{" or "<".
+bool Parser::initializerAhead(Stream& s, std::int32_t n)
+{
+    const Trn::Token name = nextSignificant(s, n);
+    if (name.type() != IDENTIFIER)
+        return false;
+    std::int32_t at = n;
+    while (peekAt(s, at).start() != name.start() || peekAt(s, at).type() != IDENTIFIER)
+        ++at;
+    const std::int32_t next = nextSignificant(s, at + 1).type();
+    return next == LPAREN || next == LBRACE || next == LESS_THAN;
+}
+
+// `0`, `default` or `delete` at peek index `n`, behind an "=".
+bool Parser::specifierAhead(Stream& s, std::int32_t n)
+{
+    const Trn::Token t = nextSignificant(s, n);
+    return (t.type() == NUMBER_LITERAL && t.text() == "0") || t.type() == DEFAULT_KEY || t.type() == DELETE_KEY;
 }
 
 // ---------------------------------------------------------------------------

@@ -243,4 +243,147 @@ TEST(ParserFunctionsTest, InitializerFaults)
     EXPECT_EQ(TwTest::messagesOf("A::A() : b {}"), "1:12 code=1 Unexpected EOF found.\n");
 }
 
+// --- Extensions: the words between a parameter list and a body, in a text
+// the core rules refuse. They join the qualifiers' span. ---
+
+TEST(ParserFunctionsTest, WordsBetweenParametersAndBodyJoinTheQualifiers)
+{
+    EXPECT_TREE("class A {\n  void f() const override { }\n};",
+                "RootNode 1:1-3:2\n"
+                "  ClassDeclNode 1:1-3:2\n"
+                "    ClassHeadNode 1:1-1:7\n"
+                "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+                "    ClassBodyNode 1:9-3:1\n"
+                "      FunctionDeclNode 2:3-2:29\n"
+                "        FunctionHeadNode 2:3-2:25\n"
+                "          FunctionReturnNode 2:3-2:6\n"
+                "          IdNode 2:8-2:8 text=\"f\"\n"
+                "          ParameterListNode 2:9-2:10\n"
+                "          TextNode 2:12-2:25\n"
+                "        BlockNode 2:27-2:29\n");
+    // A macro's parentheses and those of `noexcept(...)` are not the
+    // parameter list; "->" takes its type along.
+    EXPECT_TREE("void g() noexcept(noexcept(x)) -> int { return 1; }",
+                "RootNode 1:1-1:51\n"
+                "  FunctionDeclNode 1:1-1:51\n"
+                "    FunctionHeadNode 1:1-1:37\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"g\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "      TextNode 1:10-1:37\n"
+                "    BlockNode 1:39-1:51\n"
+                "      ExprNode 1:41-1:49\n");
+    EXPECT_TREE("auto k() const& -> std::vector<int> { }",
+                "RootNode 1:1-1:39\n"
+                "  FunctionDeclNode 1:1-1:39\n"
+                "    FunctionHeadNode 1:1-1:35\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"k\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "      TextNode 1:10-1:35\n"
+                "    BlockNode 1:37-1:39\n");
+}
+
+TEST(ParserFunctionsTest, RequiresClauseBeforeTheBody)
+{
+    EXPECT_TREE("template <class T> void r(T) requires C<T> && (sizeof(T) > 4) { }",
+                "RootNode 1:1-1:65\n"
+                "  TemplateNode 1:1-1:18\n"
+                "    KeywordNode 1:1-1:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 1:10-1:18\n"
+                "      ParameterNode 1:11-1:17\n"
+                "  FunctionDeclNode 1:20-1:65\n"
+                "    FunctionHeadNode 1:20-1:61\n"
+                "      FunctionReturnNode 1:20-1:23\n"
+                "      IdNode 1:25-1:25 text=\"r\"\n"
+                "      ParameterListNode 1:26-1:28\n"
+                "        ParameterNode 1:27-1:27\n"
+                "      TextNode 1:30-1:61\n"
+                "    BlockNode 1:63-1:65\n");
+}
+
+TEST(ParserFunctionsTest, WordsBeforeMemberInitialisersOrAPureSpecifier)
+{
+    EXPECT_TREE("A::A() noexcept : x(1) { }",
+                "RootNode 1:1-1:26\n"
+                "  CtorDeclNode 1:1-1:26\n"
+                "    FunctionHeadNode 1:1-1:15\n"
+                "      IdNode 1:1-1:4 text=\"A::A\"\n"
+                "      ParameterListNode 1:5-1:6\n"
+                "      TextNode 1:8-1:15\n"
+                "    InitializerListNode 1:19-1:22\n"
+                "      InitializerNode 1:19-1:22\n"
+                "        IdNode 1:19-1:19 text=\"x\"\n"
+                "        ArgListNode 1:20-1:22\n"
+                "          ArgNode 1:21-1:21\n"
+                "    BlockNode 1:24-1:26\n");
+    // Ending in `;`, the words stay what the core rules make of them: a
+    // declaration of their own (`j`).
+    EXPECT_TREE("class A {\n  virtual void h() const OVERRIDE = 0;\n  void i() && { }\n  void j() const; \n};",
+                "RootNode 1:1-5:2\n"
+                "  ClassDeclNode 1:1-5:2\n"
+                "    ClassHeadNode 1:1-1:7\n"
+                "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+                "    ClassBodyNode 1:9-5:1\n"
+                "      FunctionDeclNode 2:3-2:38\n"
+                "        FunctionHeadNode 2:3-2:38\n"
+                "          FunctionReturnNode 2:3-2:14\n"
+                "          IdNode 2:16-2:16 text=\"h\"\n"
+                "          ParameterListNode 2:17-2:18\n"
+                "          TextNode 2:20-2:33\n"
+                "          ExprNode 2:35-2:37\n"
+                "      FunctionDeclNode 3:3-3:17\n"
+                "        FunctionHeadNode 3:3-3:13\n"
+                "          FunctionReturnNode 3:3-3:6\n"
+                "          IdNode 3:8-3:8 text=\"i\"\n"
+                "          ParameterListNode 3:9-3:10\n"
+                "          TextNode 3:12-3:13\n"
+                "        BlockNode 3:15-3:17\n"
+                "      FunctionDeclNode 4:3-4:17\n"
+                "        FunctionHeadNode 4:3-4:17\n"
+                "          FunctionReturnNode 4:3-4:6\n"
+                "          IdNode 4:8-4:8 text=\"j\"\n"
+                "          ParameterListNode 4:9-4:10\n"
+                "          TextNode 4:12-4:16\n");
+    EXPECT_EQ(TwTest::extendedTreeOf("class A { void f() const override; };"),
+              "RootNode 1:1-1:37\n"
+              "  ClassDeclNode 1:1-1:37\n"
+              "    ClassHeadNode 1:1-1:7\n"
+              "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+              "    ClassBodyNode 1:9-1:36\n"
+              "      FunctionDeclNode 1:11-1:24\n"
+              "        FunctionHeadNode 1:11-1:24\n"
+              "          FunctionReturnNode 1:11-1:14\n"
+              "          IdNode 1:16-1:16 text=\"f\"\n"
+              "          ParameterListNode 1:17-1:18\n"
+              "          TextNode 1:20-1:24\n"
+              "      DataDeclNode 1:26-1:34\n"
+              "        IdNode 1:26-1:33 text=\"override\"\n"
+              "! 1:26 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n");
+}
+
+TEST(ParserFunctionsTest, WordsBehindAParameterListKeepTheirOtherMeanings)
+{
+    // `MACRO(x) T y;` is a macro and a declaration; the interrupt tail is one
+    // span; a macro label after a macro call stays a label.
+    EXPECT_EQ(TwTest::extendedTreeOf("MACRO(x) Foo y;"), TwTest::treeOf("MACRO(x) Foo y;"));
+    EXPECT_EQ(TwTest::extendedTreeOf("void f(void) interrupt 3 using 2 { }"),
+              TwTest::treeOf("void f(void) interrupt 3 using 2 { }"));
+    const std::string qt = "class Q {\n  Q_PROPERTY(int x READ x)\nsignals:\n  void changed();\n};";
+    EXPECT_EQ(TwTest::extendedTreeOf(qt), TwTest::treeOf(qt));
+    EXPECT_NE(TwTest::treeOf(qt).find("AccessSpecNode 3:1-3:8 kind=4 text=\"signals\""), std::string::npos);
+    // A run ending in "=" that no `0`, `default` or `delete` follows is no
+    // such run either.
+    EXPECT_EQ(TwTest::extendedTreeOf("MACRO(x) Foo y = 1;"), TwTest::treeOf("MACRO(x) Foo y = 1;"));
+}
+
+TEST(ParserFunctionsTest, NoWordsAreTakenBehindAnExceptionSpecification)
+{
+    EXPECT_EQ(TwTest::messagesOf("class A { void f() throw() override { } };"),
+              "1:28 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
+              "1:37 code=0 Expected an identifier for the class name.\n"
+              "1:28 code=7 The statement cannot be parsed.\n"
+              "1:1 code=7 The statement cannot be parsed.\n");
+}
+
 } // namespace
