@@ -425,6 +425,11 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             if (prev != OPERATOR_KEY && angle > 0)
                 --angle;
             break;
+        // With the extensions, `>>` closes two template argument lists.
+        case RIGHT_SHIFT:
+            if (closesTwoAngles(prev, angle))
+                angle -= 2;
+            break;
         case PUBLIC_KEY:
         case PRIVATE_KEY:
         case PROTECTED_KEY:

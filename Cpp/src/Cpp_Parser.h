@@ -38,6 +38,7 @@
 #define CPP_PARSER_H
 
 #include "Trn_FormatMessage.h"
+#include "Cpp_TokenType.h"
 #include "Trn_Parser.h"
 #include "Trn_Token.h"
 
@@ -127,6 +128,12 @@ private:
     // One reading of the whole text; true when it left no message but code 2.
     // `stopAtFault` ends the reading at its first fault.
     bool read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stopAtFault);
+    // With the extensions, a `>>` behind `previous` (a token type) at angle
+    // depth `angle` closes two template argument lists: `A<B<C>>`.
+    bool closesTwoAngles(std::int32_t previous, int angle) const
+    {
+        return m_extended && angle >= 2 && previous != OPERATOR_KEY;
+    }
     // Whether the routines should unwind: nesting went too deep, or a reading
     // that stops at its first fault has one.
     bool stopping() const { return m_tooDeep || m_faulted; }

@@ -78,6 +78,10 @@ void Parser::joinHead(Stream& s, HeadText& head, bool enumHead)
             if (angle > 0)
                 --angle;
             break;
+        case RIGHT_SHIFT:
+            if (closesTwoAngles(INVALID_TOKEN, angle))
+                angle -= 2;
+            break;
         case CLASS_KEY:
         case STRUCT_KEY:
         case UNION_KEY:
@@ -201,6 +205,8 @@ BaseClauseNode* Parser::parseBaseClause(Stream& s)
                     ++depth;
                 else if (u.type() == GREATER_THAN)
                     --depth;
+                else if (u.type() == RIGHT_SHIFT && closesTwoAngles(INVALID_TOKEN, depth))
+                    depth -= 2;
             }
             continue;
         }

@@ -43,8 +43,9 @@ std::string normalisedText(const std::vector<Trn::Token>& tokens, std::size_t fi
 }
 
 // The first comma outside parentheses, braces, brackets and angle brackets:
-// the end of the first declarator. -1 when there is none.
-long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens)
+// the end of the first declarator. -1 when there is none. With `extended`, a
+// ">>" closes two angle brackets when two are open.
+long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens, bool extended)
 {
     int paren = 0;
     int brace = 0;
@@ -64,6 +65,10 @@ long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens)
         case RBRACKET: down(bracket); break;
         case LESS_THAN: ++angle; break;
         case GREATER_THAN: down(angle); break;
+        case RIGHT_SHIFT:
+            if (extended && angle >= 2)
+                angle -= 2;
+            break;
         case COMMA:
             if (paren == 0 && brace == 0 && bracket == 0 && angle == 0)
                 return static_cast<long>(i);
@@ -75,8 +80,9 @@ long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens)
 }
 
 // Searching back from `from` (exclusive): the first IDENTIFIER outside
-// brackets and angle brackets. -1 when there is none.
-long findName(const std::vector<Trn::Token>& tokens, long from)
+// brackets and angle brackets. -1 when there is none. With `extended`, a ">>"
+// closes two angle brackets.
+long findName(const std::vector<Trn::Token>& tokens, long from, bool extended)
 {
     int bracket = 0;
     int angle = 0;
@@ -85,6 +91,10 @@ long findName(const std::vector<Trn::Token>& tokens, long from)
         case RBRACKET: ++bracket; break;
         case LBRACKET: --bracket; break;
         case GREATER_THAN: ++angle; break;
+        case RIGHT_SHIFT:
+            if (extended)
+                angle += 2;
+            break;
         case LESS_THAN: --angle; break;
         case IDENTIFIER:
             if (bracket == 0 && angle == 0)
@@ -174,13 +184,13 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
     if (bitField) {
         end = splitIndex;
     } else {
-        const long comma = firstDeclaratorEnd(tokens);
+        const long comma = firstDeclaratorEnd(tokens, m_extended);
         if (comma >= 0 && !(splitIndex >= 0 && splitIndex < comma))
             end = comma;
         else if (splitIndex >= 0)
             end = splitIndex;
     }
-    const long name = findName(tokens, end);
+    const long name = findName(tokens, end, m_extended);
     const long typeEnd = name >= 0 ? name : end; // everything before the name is the type
 
     std::unique_ptr<TypeNode> type;

@@ -84,6 +84,23 @@ bool isOperatorSymbol(std::int32_t type)
     }
 }
 
+// Walking back from the ">" (or with `extended` the ">>") at `close`: the
+// index of the "<" that balances it, or 0.
+std::size_t openingAngle(const std::vector<Trn::Token>& list, std::size_t close, bool extended)
+{
+    std::size_t open = close;
+    for (int depth = 0; open >= 1; --open) {
+        const std::int32_t t = at(list, open).type();
+        if (t == GREATER_THAN)
+            ++depth;
+        else if (t == RIGHT_SHIFT && extended)
+            depth += 2;
+        else if (t == LESS_THAN && --depth == 0)
+            break;
+    }
+    return open;
+}
+
 bool isNameToken(const Trn::Token& t)
 {
     const std::int32_t type = t.type();
@@ -202,6 +219,10 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head,
             if (prev.type() != OPERATOR_KEY && angle > 0)
                 --angle;
             break;
+        case RIGHT_SHIFT:
+            if (closesTwoAngles(prev.type(), angle))
+                angle -= 2;
+            break;
         case OPERATOR_KEY: seenOperator = true; break;
         case THROW_KEY: seenThrow = true; break;
         case END_OF_FILE:
@@ -294,7 +315,10 @@ bool Parser::findFunctionName(const TokenList& list, std::size_t parenIndex, Fun
     // `extern "C" ("...")`-like heads: the literal is the id.
     if (type == STRING_LITERAL)
         return true;
-    if (isOperatorSymbol(type))
+    // With the extensions a ">>" that no `operator` precedes closes two
+    // template argument lists: `f<A<int>>(x)`.
+    const bool closesTwo = type == RIGHT_SHIFT && m_extended && operatorKeyBack(list, end - 1) == 0;
+    if (isOperatorSymbol(type) && !closesTwo)
         return findOperatorName(list, name);
     // `operator()`
     if (type == RPAREN) {
@@ -337,21 +361,15 @@ bool Parser::findFunctionName(const TokenList& list, std::size_t parenIndex, Fun
         extendName(list, name);
         return true;
     }
-    // `operator>`, or a template's arguments: `foo<int>(x)`
-    if (type == GREATER_THAN) {
+    // `operator>`, or a template's arguments: `foo<int>(x)`, and with the
+    // extensions `foo<A<int>>(x)`.
+    if (type == GREATER_THAN || closesTwo) {
         if (const std::size_t keyword = operatorKeyBack(list, end - 1)) {
             name.first = keyword;
             extendName(list, name);
             return true;
         }
-        std::size_t open = end;
-        for (int depth = 0; open >= 1; --open) {
-            const std::int32_t t = at(list, open).type();
-            if (t == GREATER_THAN)
-                ++depth;
-            else if (t == LESS_THAN && --depth == 0)
-                break;
-        }
+        const std::size_t open = openingAngle(list, end, m_extended);
         if (open < 1) {
             compose("Expected \"<\".", last);
             return false;
@@ -401,15 +419,10 @@ void Parser::extendName(const TokenList& list, FunctionName& name)
             return;
         const Trn::Token& current = at(list, name.first);
         const Trn::Token& previous = at(list, before);
-        if (previous.type() == GREATER_THAN && isQualifiedName(current) && current.text().starts_with("::")) {
-            std::size_t open = before;
-            for (int depth = 0; open >= 1; --open) {
-                const std::int32_t t = at(list, open).type();
-                if (t == GREATER_THAN)
-                    ++depth;
-                else if (t == LESS_THAN && --depth == 0)
-                    break;
-            }
+        const bool closesAngle
+            = previous.type() == GREATER_THAN || (previous.type() == RIGHT_SHIFT && m_extended);
+        if (closesAngle && isQualifiedName(current) && current.text().starts_with("::")) {
+            const std::size_t open = openingAngle(list, before, m_extended);
             const std::size_t templateName = open >= 1 ? previousSignificant(list, open) : 0;
             if (templateName == 0 || !isNameToken(at(list, templateName)))
                 return;
@@ -670,6 +683,7 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
     list->setBegin(first.start());
     int depth = 1;
     int angle = 0;
+    std::int32_t previous = first.type(); // the last token other than a comment or directive
     bool inParameter = false;
     bool complex = false;
     Trn::Position parameterBegin;
@@ -706,6 +720,8 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
             addParameter();
             continue;
         }
+        const std::int32_t before = previous;
+        previous = type;
         if (type == open) {
             ++depth;
         } else if (type == close) {
@@ -718,11 +734,24 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
             }
             if (templateMode)
                 complex = true;
+        } else if (type == RIGHT_SHIFT && templateMode && closesTwoAngles(before, depth)) {
+            // `template<class T = A<B>>`: the list may close with it, and the
+            // last parameter ends in front of it.
+            depth -= 2;
+            if (depth == 0) {
+                addParameter();
+                list->setEnd(t.end());
+                return list.release();
+            }
+            complex = true;
         } else if (type == LESS_THAN) {
             ++angle;
         } else if (type == GREATER_THAN) {
             if (angle > 0)
                 --angle;
+            complex = true;
+        } else if (type == RIGHT_SHIFT && closesTwoAngles(before, angle)) {
+            angle -= 2;
             complex = true;
         } else if (isEnd(t)) {
             report(1, t);

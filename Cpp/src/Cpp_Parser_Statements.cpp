@@ -255,6 +255,8 @@ ExprNode* Parser::parseExpression(Stream& s)
         } else if (type == GREATER_THAN) {
             if (angle > 0)
                 --angle;
+        } else if (type == RIGHT_SHIFT && closesTwoAngles(previous.type(), angle)) {
+            angle -= 2;
         } else if ((type == CLASS_KEY || type == STRUCT_KEY) && paren == 0 && angle == 0 && !seenTemplate) {
             return endBefore();
         } else if (type == TEMPLATE_KEY) {

@@ -192,4 +192,24 @@ TEST(ParserDataTest, MissingSemicolonAtTheEndOfTheFile)
     EXPECT_EQ(TwTest::messagesOf("int a = 1"), "1:1 code=7 The statement cannot be parsed.\n");
 }
 
+
+// --- Extensions: ">>" closes two template argument lists when two are open. ---
+
+TEST(ParserDataTest, DoubleAngleInTheTypeOfSeveralDeclarators)
+{
+    // The first declarator ends at the comma behind the type's ">>".
+    EXPECT_TREE("std::map<int, std::vector<int>> a, b;\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  DataDeclNode 1:1-1:37\n"
+                "    TypeNode 1:1-1:31\n"
+                "    IdNode 1:33-1:33 text=\"a\"\n"
+                "    ExprNode 1:34-1:37\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+    // A text the core rules accept keeps its tree; a shift stays a shift.
+    EXPECT_EQ(TwTest::extendedTreeOf("std::vector<std::vector<int>> v;"),
+              TwTest::treeOf("std::vector<std::vector<int>> v;"));
+    EXPECT_EQ(TwTest::extendedTreeOf("int x = a >> 2, y;"), TwTest::treeOf("int x = a >> 2, y;"));
+}
+
 } // namespace

@@ -386,4 +386,96 @@ TEST(ParserFunctionsTest, NoWordsAreTakenBehindAnExceptionSpecification)
               "1:1 code=7 The statement cannot be parsed.\n");
 }
 
+
+// --- Extensions: ">>" closes two template argument lists when two are open. ---
+
+TEST(ParserFunctionsTest, DoubleAngleClosesTwoTemplateArgumentLists)
+{
+    // The template's own list may close with it; its last parameter ends in
+    // front of the ">>".
+    EXPECT_TREE("template <class T, class = std::enable_if_t<std::is_integral<T>::value>>\nstruct A : B<C<T>> { };",
+                "RootNode 1:1-2:23\n"
+                "  TemplateNode 1:1-1:72\n"
+                "    KeywordNode 1:1-1:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 1:10-1:72\n"
+                "      ParameterNode 1:11-1:17\n"
+                "      ParameterNode 1:20-1:70 endsInAngle=1\n"
+                "  ClassDeclNode 2:1-2:23\n"
+                "    ClassHeadNode 2:1-2:18\n"
+                "      ClassNameNode 2:1-2:8 type=STRUCT_KEY text=\"struct A\"\n"
+                "      BaseClauseListNode 2:12-2:18\n"
+                "        BaseClauseNode 2:12-2:18 text=\"B < C < T >>\"\n"
+                "    ClassBodyNode 2:20-2:22\n");
+    EXPECT_TREE("std::vector<std::vector<int>> f(int a) { }",
+                "RootNode 1:1-1:42\n"
+                "  FunctionDeclNode 1:1-1:42\n"
+                "    FunctionHeadNode 1:1-1:38\n"
+                "      FunctionReturnNode 1:1-1:29\n"
+                "      IdNode 1:31-1:31 text=\"f\"\n"
+                "      ParameterListNode 1:32-1:38\n"
+                "        ParameterNode 1:33-1:37\n"
+                "    BlockNode 1:40-1:42\n");
+    EXPECT_TREE("void f(A<B<int>> x, int y) { }",
+                "RootNode 1:1-1:30\n"
+                "  FunctionDeclNode 1:1-1:30\n"
+                "    FunctionHeadNode 1:1-1:26\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:26\n"
+                "        ParameterNode 1:8-1:18 endsInAngle=1\n"
+                "        ParameterNode 1:21-1:25\n"
+                "    BlockNode 1:28-1:30\n");
+}
+
+TEST(ParserFunctionsTest, DoubleAngleEndsTemplateArgumentsOfAName)
+{
+    EXPECT_TREE("template <> void f<A<int>>(int x) { }\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  TemplateNode 1:1-1:11\n"
+                "    KeywordNode 1:1-1:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 1:10-1:11\n"
+                "  FunctionDeclNode 1:13-1:37\n"
+                "    FunctionHeadNode 1:13-1:33\n"
+                "      FunctionReturnNode 1:13-1:16\n"
+                "      IdNode 1:18-1:26 text=\"f < A < int >>\"\n"
+                "      ParameterListNode 1:27-1:33\n"
+                "        ParameterNode 1:28-1:32\n"
+                "    BlockNode 1:35-1:37\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+    EXPECT_TREE("void A<B<C>>::f() { }\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  FunctionDeclNode 1:1-1:21\n"
+                "    FunctionHeadNode 1:1-1:17\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:15 text=\"A < B < C >>::f\"\n"
+                "      ParameterListNode 1:16-1:17\n"
+                "    BlockNode 1:19-1:21\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+}
+
+TEST(ParserFunctionsTest, DoubleAngleStaysAShiftElsewhere)
+{
+    // Behind `operator`, with fewer than two angle brackets open, or in
+    // parentheses inside a template's list, ">>" is the shift operator.
+    EXPECT_TREE("struct A { bool operator>>(int); };\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  ClassDeclNode 1:1-1:35\n"
+                "    ClassHeadNode 1:1-1:8\n"
+                "      ClassNameNode 1:1-1:8 type=STRUCT_KEY text=\"struct A\"\n"
+                "    ClassBodyNode 1:10-1:34\n"
+                "      FunctionDeclNode 1:12-1:32\n"
+                "        FunctionHeadNode 1:12-1:32\n"
+                "          FunctionReturnNode 1:12-1:15\n"
+                "          IdNode 1:17-1:26 text=\"operator >>\"\n"
+                "          ParameterListNode 1:27-1:31\n"
+                "            ParameterNode 1:28-1:30\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+    EXPECT_EQ(TwTest::extendedTreeOf("template <int N = (8 >> 1)> struct A { };"),
+              TwTest::treeOf("template <int N = (8 >> 1)> struct A { };"));
+    EXPECT_EQ(TwTest::extendedTreeOf("void g(int y = 4 >> 1, int z);"), TwTest::treeOf("void g(int y = 4 >> 1, int z);"));
+}
+
 } // namespace
