@@ -213,6 +213,13 @@ void Parser::topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t)
     // Code fragments at file level: `{ x = 1; }`
     case LBRACE: root.add(parseBlock(s)); return;
     case NAMESPACE_KEY: root.add(parseNamespace(s)); return;
+    // With the extensions: `inline namespace v1 {`
+    case INLINE_KEY:
+        if (m_extended && nextSignificant(s, 2).type() == NAMESPACE_KEY) {
+            root.add(parseNamespace(s));
+            return;
+        }
+        break;
     // `using namespace std;` stays text between nodes.
     case USING_KEY: skipTo(s, SEMICOLON); return;
     case TEMPLATE_KEY: root.add(parseTemplate(s)); return;
@@ -514,6 +521,22 @@ bool Parser::startsInlineNamespace(Stream& s)
     if (peekAt(s, n).type() != INLINE_KEY)
         return false;
     return nextSignificant(s, n + 1).type() == NAMESPACE_KEY;
+}
+
+std::int32_t Parser::balancedGroupEnd(Stream& s, std::int32_t open)
+{
+    const std::int32_t opening = peekAt(s, open).type();
+    const std::int32_t closing = opening == LPAREN ? RPAREN : RBRACKET;
+    int depth = 0;
+    for (std::int32_t n = open;; ++n) {
+        const std::int32_t type = peekAt(s, n).type();
+        if (type == END_OF_FILE)
+            return 0;
+        if (type == opening)
+            ++depth;
+        else if (type == closing && --depth == 0)
+            return n;
+    }
 }
 
 // Gathers tokens through the first one of `type`.

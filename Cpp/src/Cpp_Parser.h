@@ -202,6 +202,10 @@ private:
     EnumBodyNode* parseEnumBody(Stream& s);
     NamespaceDeclNode* parseNamespace(Stream& s);
     NamespaceHeadNode* parseNamespaceHead(Stream& s);
+    NamespaceHeadNode* parseExtendedNamespaceHead(Stream& s, const Trn::Token& keyword);
+    // The peek index of the ")" or "]" that closes the "(" or "[" at peek
+    // index `open`, counting only that kind; 0 at the end of input.
+    std::int32_t balancedGroupEnd(Stream& s, std::int32_t open);
     NamespaceBodyNode* parseNamespaceBody(Stream& s);
     SyntaxNode* parseTemplate(Stream& s);
     SyntaxNode* parseExtern(Stream& s);

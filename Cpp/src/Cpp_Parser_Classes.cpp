@@ -432,6 +432,12 @@ NamespaceDeclNode* Parser::parseNamespace(Stream& s)
     if (nesting.stopping())
         return nullptr;
     skipDiscardable(s);
+    // With the extensions: `inline namespace v1 {`
+    Trn::Token inlineKey;
+    if (m_extended && peekAt(s, 1).type() == INLINE_KEY) {
+        inlineKey = get(s);
+        skipDiscardable(s);
+    }
     const Trn::Token keyword = get(s);
     if (keyword.type() != NAMESPACE_KEY) {
         s.unget();
@@ -445,6 +451,8 @@ NamespaceDeclNode* Parser::parseNamespace(Stream& s)
     }
     s.unget();
     std::unique_ptr<NamespaceHeadNode> head(parseNamespaceHead(s));
+    if (inlineKey.type() == INLINE_KEY)
+        head->setBegin(inlineKey.start());
     skipDiscardable(s);
     NamespaceBodyNode* body = parseNamespaceBody(s);
     if (!body)
@@ -455,10 +463,39 @@ NamespaceDeclNode* Parser::parseNamespace(Stream& s)
 NamespaceHeadNode* Parser::parseNamespaceHead(Stream& s)
 {
     const Trn::Token keyword = get(s);
+    if (m_extended)
+        return parseExtendedNamespaceHead(s, keyword);
     if (peekAt(s, 1).type() != IDENTIFIER)
         return new NamespaceHeadNode(std::string(), keyword.start(), keyword.end());
     const Trn::Token name = get(s);
     return new NamespaceHeadNode(name.text(), keyword.start(), name.end());
+}
+
+// With the extensions, the words up to the "{" behind `namespace` join the
+// name, each with its parentheses or brackets: `namespace std
+// _GLIBCXX_VISIBILITY(default)`, `namespace [[deprecated]] old`.
+NamespaceHeadNode* Parser::parseExtendedNamespaceHead(Stream& s, const Trn::Token& keyword)
+{
+    TokenList words;
+    for (;;) {
+        const std::int32_t type = peekAt(s, 1).type();
+        if (type == IDENTIFIER) {
+            words.push_back(get(s));
+            continue;
+        }
+        if (type == LPAREN || type == LBRACKET) {
+            const std::int32_t close = balancedGroupEnd(s, 1);
+            if (close == 0)
+                break;
+            for (std::int32_t i = 0; i < close; ++i)
+                words.push_back(get(s));
+            continue;
+        }
+        break;
+    }
+    if (words.empty())
+        return new NamespaceHeadNode(std::string(), keyword.start(), keyword.end());
+    return new NamespaceHeadNode(joinTexts(words, 0, words.size() - 1), keyword.start(), words.back().end());
 }
 
 // The rows that namespace and linkage bodies share. `depth` counts the open
@@ -479,6 +516,15 @@ Parser::BodyTurn Parser::declarationBodyTurn(Stream& s, InteriorNode& body, cons
         }
         break;
     case NAMESPACE_KEY: parseNestedNamespace(s, body); break;
+    // With the extensions: `inline namespace v1 {`
+    case INLINE_KEY:
+        if (m_extended && nextSignificant(s, 2).type() == NAMESPACE_KEY) {
+            body.add(parseNamespace(s));
+            break;
+        }
+        if (!parseMemberDeclaration(s, body, false))
+            return BodyTurn::FAILED;
+        break;
     case USING_KEY: skipToCollecting(s, body, SEMICOLON); break;
     case TEMPLATE_KEY: body.add(parseTemplate(s)); break;
     case EXTERN_KEY: body.add(parseExtern(s)); break;

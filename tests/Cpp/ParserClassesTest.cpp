@@ -231,4 +231,57 @@ TEST(ParserClassesTest, TemplatesAndExplicitInstantiation)
                 "  ExprNode 2:1-2:22\n");
 }
 
+
+// --- Extensions: namespace heads with macros, attributes and `inline`. ---
+
+TEST(ParserClassesTest, NamespaceHeadWithAMacroAndInlineNamespace)
+{
+    EXPECT_TREE("namespace std _GLIBCXX_VISIBILITY(default)\n{\ninline namespace __cxx11 {\nint x;\n}\n}\nNS_END",
+                "RootNode 1:1-7:6\n"
+                "  NamespaceDeclNode 1:1-6:1\n"
+                "    NamespaceHeadNode 1:1-1:42 text=\"std _GLIBCXX_VISIBILITY ( default )\"\n"
+                "    NamespaceBodyNode 2:1-6:1\n"
+                "      NamespaceDeclNode 3:1-5:1\n"
+                "        NamespaceHeadNode 3:1-3:24 text=\"__cxx11\"\n"
+                "        NamespaceBodyNode 3:26-5:1\n"
+                "          DataDeclNode 4:1-4:6\n"
+                "            TypeNode 4:1-4:3\n"
+                "            IdNode 4:5-4:5 text=\"x\"\n"
+                "  DataDeclNode 7:1-7:6\n"
+                "    IdNode 7:1-7:6 text=\"NS_END\"\n");
+    EXPECT_TREE("inline namespace v1 { }\nnamespace [[deprecated]] old { }\nnamespace a::inline b { }\nnamespace fs = std::filesystem;\nNS_END",
+                "RootNode 1:1-5:6\n"
+                "  NamespaceDeclNode 1:1-1:23\n"
+                "    NamespaceHeadNode 1:1-1:19 text=\"v1\"\n"
+                "    NamespaceBodyNode 1:21-1:23\n"
+                "  NamespaceDeclNode 2:1-2:32\n"
+                "    NamespaceHeadNode 2:1-2:28 text=\"[ [ deprecated ] ] old\"\n"
+                "    NamespaceBodyNode 2:30-2:32\n"
+                "  NamespaceDeclNode 3:1-3:25\n"
+                "    NamespaceHeadNode 3:1-3:21 text=\"a::inline b\"\n"
+                "    NamespaceBodyNode 3:23-3:25\n"
+                "  DataDeclNode 5:1-5:6\n"
+                "    IdNode 5:1-5:6 text=\"NS_END\"\n");
+}
+
+TEST(ParserClassesTest, NamespaceHeadNearMisses)
+{
+    // A plain head keeps its tree; `inline` before anything else is a
+    // declaration's; words that no "{" follows are still refused.
+    EXPECT_EQ(TwTest::extendedTreeOf("namespace a { }"), TwTest::treeOf("namespace a { }"));
+    EXPECT_TREE("inline int f() { return 1; }\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  FunctionDeclNode 1:1-1:28\n"
+                "    FunctionHeadNode 1:1-1:14\n"
+                "      FunctionReturnNode 1:1-1:10\n"
+                "      IdNode 1:12-1:12 text=\"f\"\n"
+                "      ParameterListNode 1:13-1:14\n"
+                "    BlockNode 1:16-1:28\n"
+                "      ExprNode 1:18-1:26\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+    EXPECT_EQ(TwTest::messagesOf("namespace a b c;\n"), "1:16 code=0 Expected:: \"{\".\n");
+    EXPECT_EQ(TwTest::messagesOf("namespace n int x;"), "1:13 code=0 Expected:: \"{\".\n");
+}
+
 } // namespace
