@@ -701,9 +701,10 @@ void Parser::gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma)
             }
             break;
         case EQUALS: {
-            // `virtual void f() = 0;` keeps its pure specifier.
+            // `virtual void f() = 0;` keeps its pure specifier, and with the
+            // extensions `A() = default;` and `A(const A&) = delete;` theirs.
             const Trn::Token next = peekAt(s, 1);
-            if (next.type() == NUMBER_LITERAL && next.text() == "0") {
+            if (isPureSpecifier(next)) {
                 g.tokens.push_back(get(s));
                 g.prev = next;
                 continue;
@@ -722,6 +723,15 @@ void Parser::gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma)
         if (!isDiscardable(t))
             g.prev = t;
     }
+}
+
+// What may follow the "=" behind a function's head: `0`, and with the
+// extensions `default` and `delete`.
+bool Parser::isPureSpecifier(const Trn::Token& t) const
+{
+    if (t.type() == NUMBER_LITERAL && t.text() == "0")
+        return true;
+    return m_extended && (t.type() == DEFAULT_KEY || t.type() == DELETE_KEY);
 }
 
 // Phase 3 of data: the tokens up to a ";", an access keyword or the end of

@@ -153,6 +153,7 @@ private:
     bool gatherTrailer(Stream& s, Gathered& g);
     void gatherInterruptTail(Stream& s, Gathered& g);
     void gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma);
+    bool isPureSpecifier(const Trn::Token& t) const;
     void gatherDataRest(Stream& s, Gathered& g);
     bool gatherBody(Stream& s, Gathered& g);
     PreprocDirectiveNode* parseDirective(Stream& s);

@@ -286,7 +286,7 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head,
             return nullptr;
     }
 
-    // Step 7: `= 0`.
+    // Step 7: `= 0`, and with the extensions `= default` and `= delete`.
     skipDiscardable(head);
     std::unique_ptr<ExprNode> pureSpec;
     if (peekAt(head, 1).type() == EQUALS)
@@ -464,7 +464,7 @@ ExprNode* Parser::parsePureSpec(Stream& head)
     const Trn::Token equals = get(head);
     skipDiscardable(head);
     const Trn::Token zero = get(head);
-    if (zero.type() == NUMBER_LITERAL && zero.text() == "0")
+    if (isPureSpecifier(zero))
         return new ExprNode(equals.start(), zero.end());
     compose("Expected '= 0' to indicate a pure virtual function. Got: " + zero.text(), zero);
     head.putBack(zero);

@@ -478,4 +478,60 @@ TEST(ParserFunctionsTest, DoubleAngleStaysAShiftElsewhere)
     EXPECT_EQ(TwTest::extendedTreeOf("void g(int y = 4 >> 1, int z);"), TwTest::treeOf("void g(int y = 4 >> 1, int z);"));
 }
 
+
+// --- Extensions: `= default` and `= delete` where `= 0` stands. ---
+
+TEST(ParserFunctionsTest, DefaultedAndDeletedFunctionsKeepTheirSpecifierInTheHead)
+{
+    EXPECT_TREE("class A {\n  A() = default;\n  A(const A&) = delete;\n  A& operator=(A&&) noexcept = default;\n  virtual ~A() = 0;\n};",
+                "RootNode 1:1-6:2\n"
+                "  ClassDeclNode 1:1-6:2\n"
+                "    ClassHeadNode 1:1-1:7\n"
+                "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+                "    ClassBodyNode 1:9-6:1\n"
+                "      FunctionDeclNode 2:3-2:16\n"
+                "        FunctionHeadNode 2:3-2:16\n"
+                "          IdNode 2:3-2:3 text=\"A\"\n"
+                "          ParameterListNode 2:4-2:5\n"
+                "          ExprNode 2:7-2:15\n"
+                "      FunctionDeclNode 3:3-3:23\n"
+                "        FunctionHeadNode 3:3-3:23\n"
+                "          IdNode 3:3-3:3 text=\"A\"\n"
+                "          ParameterListNode 3:4-3:13\n"
+                "            ParameterNode 3:5-3:12\n"
+                "          ExprNode 3:15-3:22\n"
+                "      FunctionDeclNode 4:3-4:39\n"
+                "        FunctionHeadNode 4:3-4:39\n"
+                "          FunctionReturnNode 4:3-4:4\n"
+                "          IdNode 4:6-4:14 text=\"operator =\"\n"
+                "          ParameterListNode 4:15-4:19\n"
+                "            ParameterNode 4:16-4:18\n"
+                "          TextNode 4:21-4:28\n"
+                "          ExprNode 4:30-4:38\n"
+                "      FunctionDeclNode 5:3-5:19\n"
+                "        FunctionHeadNode 5:3-5:19\n"
+                "          FunctionReturnNode 5:3-5:9\n"
+                "          IdNode 5:11-5:12 text=\"~A\"\n"
+                "          ParameterListNode 5:13-5:14\n"
+                "          ExprNode 5:16-5:18\n");
+    EXPECT_TREE("void f() = delete;",
+                "RootNode 1:1-1:18\n"
+                "  FunctionDeclNode 1:1-1:18\n"
+                "    FunctionHeadNode 1:1-1:18\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "      ExprNode 1:10-1:17\n");
+}
+
+TEST(ParserFunctionsTest, OtherValuesBehindAHeadStayRefused)
+{
+    // Also in a text that the extensions read; `= delete` behind a data
+    // declarator is its initialiser, as before.
+    EXPECT_EQ(TwTest::messagesOf("int f() = 1;\nNS_END"),
+              "1:9 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
+              "1:9 code=0 Expected '= 0' to indicate a pure virtual function. Got: \n");
+    EXPECT_EQ(TwTest::extendedTreeOf("int x = delete;"), TwTest::treeOf("int x = delete;"));
+}
+
 } // namespace
