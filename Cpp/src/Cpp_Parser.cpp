@@ -378,10 +378,14 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
     bool seenEnum = false;
     bool seenColon = false;
     bool seenOperatorParen = false;
+    bool seenClassKey = false;
+    int words = 0; // tokens other than comments and directives
     for (;;) {
         const Trn::Token t = get(s);
         const std::int32_t prev = g.prev.type();
         g.tokens.push_back(t);
+        if (!isDiscardable(t))
+            ++words;
         switch (t.type()) {
         // `int x;` `foo;`
         case SEMICOLON:
@@ -409,6 +413,15 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             return true;
         // `class A {`, `enum E {`, `typedef enum {`
         case LBRACE:
+            // With the extensions, a brace initialiser: `int x{0};`
+            if (m_extended && !seenEnum && !seenClassKey && !seenColon && words > 2
+                && (prev == IDENTIFIER || prev == RBRACKET)) {
+                g.prev = t;
+                if (!gatherBalanced(s, g.tokens, LBRACE, RBRACE, 1))
+                    return false;
+                g.kind = DeclKind::DATA;
+                return true;
+            }
             g.kind = seenEnum ? DeclKind::ENUM : DeclKind::CLASS;
             g.prev = t;
             return true;
@@ -449,6 +462,9 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             }
             break;
         case ENUM_KEY: seenEnum = true; break;
+        case CLASS_KEY:
+        case STRUCT_KEY:
+        case UNION_KEY: seenClassKey = true; break;
         case OPERATOR_KEY: seenOperator = true; break;
         // `class __declspec(dllexport) A`: its parentheses decide nothing.
         case IDENTIFIER:
@@ -536,6 +552,23 @@ std::int32_t Parser::balancedGroupEnd(Stream& s, std::int32_t open)
             ++depth;
         else if (type == closing && --depth == 0)
             return n;
+    }
+}
+
+// Braces ahead that close before a ",", a "." (of "...") or a "{".
+bool Parser::bracedArgumentsAhead(Stream& s)
+{
+    int depth = 0;
+    for (std::int32_t n = 1;; ++n) {
+        const std::int32_t type = peekAt(s, n).type();
+        if (type == END_OF_FILE)
+            return false;
+        if (type == LBRACE) {
+            ++depth;
+        } else if (type == RBRACE && --depth == 0) {
+            const std::int32_t next = nextSignificant(s, n + 1).type();
+            return next == COMMA || next == DOT || next == LBRACE;
+        }
     }
 }
 
@@ -641,12 +674,33 @@ bool Parser::gatherTrailer(Stream& s, Gathered& g)
 }
 
 // The member initialisers up to the body's "{", which stays in the stream.
+// With the extensions an initialiser's arguments may stand in braces,
+// `A() : x{1}, Base<T>{2} {`: a "{" right behind an initialiser's name opens
+// its arguments when a "," , "..." or the body's "{" follows its "}"; any
+// other "{" is the body.
 bool Parser::gatherInitializers(Stream& s, Gathered& g)
 {
+    bool afterName = false;
     for (;;) {
         const Trn::Token t = peekAt(s, 1);
+        if (t.type() == LBRACE && m_extended && afterName && bracedArgumentsAhead(s)) {
+            g.append(get(s));
+            if (!gatherBalanced(s, g.tokens, LBRACE, RBRACE, 1))
+                return false;
+            afterName = false;
+            continue;
+        }
         if (t.type() == LBRACE)
             return true;
+        if (t.type() == LPAREN && m_extended) {
+            g.append(get(s));
+            if (!gatherBalanced(s, g.tokens, LPAREN, RPAREN, 1))
+                return false;
+            afterName = false;
+            continue;
+        }
+        if (!isDiscardable(t))
+            afterName = t.type() == IDENTIFIER || t.type() == GREATER_THAN || t.type() == RIGHT_SHIFT;
         if (t.type() == PREPROC_DIRECTIVE) {
             delete parseDirective(s);
             continue;
@@ -735,14 +789,31 @@ bool Parser::isPureSpecifier(const Trn::Token& t) const
 }
 
 // Phase 3 of data: the tokens up to a ";", an access keyword or the end of
-// input, with comments and directives taken out between them. The list ends
+// input, with comments and directives taken out between them (outside
+// braces, with the extensions). The list ends
 // with a copy of the token that stopped it, which stays in the stream: the
 // declaration's node then reaches its semicolon, as a statement's does.
 void Parser::gatherDataRest(Stream& s, Gathered& g)
 {
+    int braces = 0;
     for (;;) {
         skipDiscardable(s);
         const Trn::Token t = peekAt(s, 1);
+        // With the extensions, braces are counted: a ";" inside them, as in a
+        // lambda's body, ends nothing, and a "}" of the enclosing body ends
+        // the declaration, which then has no semicolon.
+        if (m_extended) {
+            if (t.type() == LBRACE) {
+                ++braces;
+            } else if (t.type() == RBRACE) {
+                if (braces == 0)
+                    return;
+                --braces;
+            } else if (braces > 0 && !isEnd(t)) {
+                g.tokens.push_back(get(s));
+                continue;
+            }
+        }
         if (t.type() == SEMICOLON || isAccessKey(t.type()) || isEnd(t)) {
             g.tokens.push_back(t);
             return;

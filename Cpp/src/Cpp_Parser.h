@@ -151,6 +151,7 @@ private:
     bool gatherFunctionHead(Stream& s, Gathered& g);
     bool gatherInitializers(Stream& s, Gathered& g);
     bool gatherTrailer(Stream& s, Gathered& g);
+    bool bracedArgumentsAhead(Stream& s);
     void gatherInterruptTail(Stream& s, Gathered& g);
     void gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma);
     bool isPureSpecifier(const Trn::Token& t) const;

@@ -163,6 +163,12 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
             if (paren == 0 && bracket == 0 && splitIndex == -1)
                 splitIndex = index;
             break;
+        // With the extensions, a brace initialiser splits like "=": `int x{0};`
+        case LBRACE:
+            if (m_extended && paren == 0 && bracket == 0 && splitIndex == -1
+                && (previous == IDENTIFIER || previous == RBRACKET))
+                splitIndex = index;
+            break;
         case LBRACKET: ++bracket; break;
         case RBRACKET:
             if (bracket > 0)

@@ -769,7 +769,7 @@ InitializerListNode* Parser::parseInitializerList(Stream& s)
     return parseCommaList<InitializerListNode>(s, &Parser::parseInitializer);
 }
 
-// `m_size(size)`, `Base<T>(x, y)`
+// `m_size(size)`, `Base<T>(x, y)`, and with the extensions `m_size{size}`
 InitializerNode* Parser::parseInitializer(Stream& s)
 {
     skipDiscardable(s);
@@ -780,9 +780,10 @@ InitializerNode* Parser::parseInitializer(Stream& s)
     }
     TokenList name{first};
     Trn::Position nameEnd = first.end();
+    // With the extensions the arguments may stand in braces: `x{1}`.
     for (;;) {
         const Trn::Token t = peekAt(s, 1);
-        if (t.type() == LPAREN)
+        if (t.type() == LPAREN || (m_extended && t.type() == LBRACE))
             break;
         if (isEnd(t) || t.type() == LBRACE) {
             report(1, t);
@@ -794,10 +795,12 @@ InitializerNode* Parser::parseInitializer(Stream& s)
     }
     auto id = std::make_unique<IdNode>(joinTexts(name, 0, name.size() - 1), first.start(), nameEnd);
     const Trn::Token open = get(s);
-    if (open.type() != LPAREN) {
+    if (open.type() != LPAREN && open.type() != LBRACE) {
         compose("Expected a (. Got: \"" + open.text(), open);
         return nullptr;
     }
+    const std::int32_t opening = open.type();
+    const std::int32_t closing = opening == LPAREN ? RPAREN : RBRACE;
     auto args = std::make_unique<ArgListNode>();
     args->setBegin(open.start());
     bool inArg = false;
@@ -820,11 +823,15 @@ InitializerNode* Parser::parseInitializer(Stream& s)
             addArg();
             continue;
         }
-        if (t.type() == LPAREN) {
+        if (t.type() == opening) {
             ++depth;
-        } else if (t.type() == RPAREN && --depth == 0) {
+        } else if (t.type() == closing && --depth == 0) {
             addArg();
             args->setEnd(t.end());
+            // With the extensions a pack expansion may follow, `Base(args)...`;
+            // it stays text behind the initialiser.
+            while (m_extended && peekAt(s, 1).type() == DOT)
+                get(s);
             return new InitializerNode(id.release(), args.release());
         }
         if (!inArg)

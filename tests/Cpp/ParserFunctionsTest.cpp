@@ -534,4 +534,47 @@ TEST(ParserFunctionsTest, OtherValuesBehindAHeadStayRefused)
     EXPECT_EQ(TwTest::extendedTreeOf("int x = delete;"), TwTest::treeOf("int x = delete;"));
 }
 
+
+// --- Extensions: member initialisers with braces. ---
+
+TEST(ParserFunctionsTest, MemberInitialisersWithBracesAndPackExpansions)
+{
+    // Braces delimit the arguments as parentheses do; "..." behind an
+    // initialiser stays text between the initialisers.
+    EXPECT_TREE("A::A() : x{1}, Base<T>{2, 3}, y(f({4})), Ts(args)... { }\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  CtorDeclNode 1:1-1:56\n"
+                "    FunctionHeadNode 1:1-1:6\n"
+                "      IdNode 1:1-1:4 text=\"A::A\"\n"
+                "      ParameterListNode 1:5-1:6\n"
+                "    InitializerListNode 1:10-1:49\n"
+                "      InitializerNode 1:10-1:13\n"
+                "        IdNode 1:10-1:10 text=\"x\"\n"
+                "        ArgListNode 1:11-1:13\n"
+                "          ArgNode 1:12-1:12\n"
+                "      InitializerNode 1:16-1:28\n"
+                "        IdNode 1:16-1:22 text=\"Base < T >\"\n"
+                "        ArgListNode 1:23-1:28\n"
+                "          ArgNode 1:24-1:24\n"
+                "          ArgNode 1:27-1:27\n"
+                "      InitializerNode 1:31-1:39\n"
+                "        IdNode 1:31-1:31 text=\"y\"\n"
+                "        ArgListNode 1:32-1:39\n"
+                "          ArgNode 1:33-1:38\n"
+                "      InitializerNode 1:42-1:49\n"
+                "        IdNode 1:42-1:43 text=\"Ts\"\n"
+                "        ArgListNode 1:44-1:49\n"
+                "          ArgNode 1:45-1:48\n"
+                "    BlockNode 1:54-1:56\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+}
+
+TEST(ParserFunctionsTest, BracesThatNoInitialiserOrBodyFollowsAreTheBody)
+{
+    // `b {}` with nothing behind: the braces are the body, and `b` lacks its
+    // arguments, in the extended reading as in the core one.
+    EXPECT_EQ(TwTest::messagesOf("A::A() : b {}\nNS_END"), "1:12 code=1 Unexpected EOF found.\n");
+}
+
 } // namespace
