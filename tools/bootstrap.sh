@@ -16,6 +16,9 @@ PACKAGES=(
   libgmock-dev   # GoogleMock (GoogleTest's CMake package expects it)
   libbenchmark-dev # Google Benchmark
   libcli11-dev   # command-line parsing for the tidewright tool
+  libinih-dev    # reading the per-user settings file (INI)
+  libdtl-dev     # the line diff behind --diff
+  patch          # tests apply --diff output with patch -p0
 )
 
 if [ "${1:-}" = "--list" ]; then

@@ -12,11 +12,11 @@
 namespace App {
 
 bool formatText(const std::string& label, std::istream& in, std::ostream& out, std::ostream& errors,
-                const Kempt::PropertySet& properties, Kempt::UpdateFunctor& update)
+                const Kempt::PropertySet& properties, Kempt::UpdateFunctor& update, const FormatFunction& format)
 {
     const Kempt::FormatSettings settings(properties, Kempt::defaultRegionMarkers());
     Kempt::FormatMessageList messages;
-    const std::int32_t result = Kempt::FormatEngine().format(settings, in, out, messages, update);
+    const std::int32_t result = format(settings, in, out, messages, update);
     for (const Kempt::FormatMessage& message : messages)
         errors << messageLine(label, message) << '\n';
     return result == 0;

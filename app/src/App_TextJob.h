@@ -4,6 +4,7 @@
 #ifndef APP_TEXTJOB_H
 #define APP_TEXTJOB_H
 
+#include "App_FormatFunction.h"
 #include "Kempt_PropertySet.h"
 #include "Kempt_UpdateFunctor.h"
 
@@ -14,8 +15,10 @@ namespace App {
 
 // True when the text was formatted and written to `out`. `label` names the
 // text in message lines ("<stdin>" for standard input).
+// `format` is the pipeline to run.
 bool formatText(const std::string& label, std::istream& in, std::ostream& out, std::ostream& errors,
-                const Kempt::PropertySet& properties, Kempt::UpdateFunctor& update);
+                const Kempt::PropertySet& properties, Kempt::UpdateFunctor& update,
+                const FormatFunction& format = engineFormat());
 
 // Writes the syntax tree of the text to `out`, one node per line, as a pass
 // sees it (fenced regions folded). A text that does not parse writes its
