@@ -1036,18 +1036,29 @@ bool Parser::gatherUntil(Stream& s, TokenList& list, std::int32_t type)
 void Parser::gatherStatement(Stream& s, TokenList& list)
 {
     int depth = 0;
+    // With the extensions, semicolons inside braces end nothing:
+    // `auto f = [](int x) { return x; };`
+    int braces = 0;
     for (;;) {
         const Trn::Token t = get(s);
         list.push_back(t);
         switch (t.type()) {
         case SEMICOLON:
-            if (depth == 0)
+            if (depth == 0 && braces == 0)
                 return;
             break;
         case LPAREN: ++depth; break;
         case RPAREN:
             if (depth > 0)
                 --depth;
+            break;
+        case LBRACE:
+            if (m_extended)
+                ++braces;
+            break;
+        case RBRACE:
+            if (braces > 0)
+                --braces;
             break;
         case PUBLIC_KEY:
         case PRIVATE_KEY:

@@ -110,6 +110,7 @@ private:
     using Stream = Trn::TokenStream;
     using TokenList = std::vector<Trn::Token>;
     class NestingGuard;
+    class InnerBraces;
 
     // What parseDeclaration found.
     enum class DeclKind { DATA, FUNCTION, CLASS, ENUM };
@@ -257,6 +258,8 @@ private:
     CtrlSubStmtNode* parseElsePart(Stream& s);
     static bool isElseIf(const CtrlSubStmtNode& part);
     CtrlSubStmtHeadNode* parseHead(Stream& s);
+    bool opensBracesInHead(const Trn::Token& previous, bool arrow) const;
+    bool skipBraces(Stream& s, const Trn::Token& open);
     CaseNode* parseCase(Stream& s);
     LabelNode* parseLabel(Stream& s);
     AsmNode* parseAsm(Stream& s);

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Cpp::ParserSupport {
@@ -45,6 +46,13 @@ inline bool isBuiltInType(std::int32_t type)
 inline bool isEnd(const Trn::Token& t)
 {
     return t.type() == END_OF_FILE || t.type() == INVALID_TOKEN;
+}
+
+// An identifier that reads `word`: `constexpr`, `noexcept`, which the lexer
+// knows as names.
+inline bool isWord(const Trn::Token& t, std::string_view word)
+{
+    return t.type() == IDENTIFIER && t.text() == word;
 }
 
 // The words of a comment: the text without delimiters, trimmed.

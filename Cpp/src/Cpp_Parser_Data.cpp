@@ -114,6 +114,9 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
     TokenList tokens;
     int paren = 0;
     int bracket = 0;
+    // With the extensions, the depth inside an initialiser's braces, where
+    // semicolons end nothing: `auto f = [&](int x) { g(x); return x; };`
+    int brace = 0;
     long splitIndex = -1;
     bool ctorStyle = false;
     bool bitField = false;
@@ -126,6 +129,8 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
         case END_OF_FILE:
         case INVALID_TOKEN: return nullptr;
         case SEMICOLON:
+            if (brace > 0)
+                break;
             statementEnd = t.end();
             s.unget();
             done = true;
@@ -133,6 +138,8 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
         case PUBLIC_KEY:
         case PRIVATE_KEY:
         case PROTECTED_KEY:
+            if (brace > 0)
+                break;
             s.unget();
             done = true;
             continue;
@@ -168,6 +175,12 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
             if (m_extended && paren == 0 && bracket == 0 && splitIndex == -1
                 && (previous == IDENTIFIER || previous == RBRACKET))
                 splitIndex = index;
+            if (m_extended)
+                ++brace;
+            break;
+        case RBRACE:
+            if (brace > 0)
+                --brace;
             break;
         case LBRACKET: ++bracket; break;
         case RBRACKET:

@@ -231,10 +231,10 @@ TEST(ParserDataTest, BraceInitialisersSplitLikeEquals)
                 "    TypeNode 3:1-3:3\n"
                 "    IdNode 3:5-3:7 text=\"a [ ]\"\n"
                 "    ExprNode 3:8-3:14\n"
-                "  DataDeclNode 4:1-4:30\n"
+                "  DataDeclNode 4:1-4:33\n"
                 "    TypeNode 4:1-4:4\n"
                 "    IdNode 4:6-4:6 text=\"f\"\n"
-                "    ExprNode 4:8-4:30\n"
+                "    ExprNode 4:8-4:33\n"
                 "  DataDeclNode 5:1-5:6\n"
                 "    IdNode 5:1-5:6 text=\"NS_END\"\n");
     EXPECT_TREE("class C {\n  Type type_{month_day};\n  int n[2]{1, 2};\n};\nNS_END",
