@@ -397,6 +397,24 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
         case LPAREN:
             if (angle != 0)
                 break; // `A<f(x)>`
+            // With the extensions, a class key inside a macro's parentheses
+            // heads a class: `ALIGNED16(class) A : public B { };`
+            if (m_extended && prev == IDENTIFIER && !seenClassKey && isClassKey(peekAt(s, 1).type())
+                && peekAt(s, 2).type() == RPAREN) {
+                g.tokens.push_back(get(s));
+                g.tokens.push_back(get(s));
+                g.prev = g.tokens.back();
+                seenClassKey = true;
+                continue;
+            }
+            // With the extensions, parentheses in a class's base clauses:
+            // `struct A : decltype(f(x)) {`
+            if (m_extended && seenClassKey && seenColon) {
+                if (!gatherBalanced(s, g.tokens, LPAREN, RPAREN, 1))
+                    return false;
+                g.prev = g.tokens.back();
+                continue;
+            }
             // The first "(" of `operator()`.
             if (seenOperator && prev == OPERATOR_KEY && !seenOperatorParen) {
                 seenOperatorParen = true;
@@ -513,11 +531,15 @@ bool Parser::classifyBracket(Stream& s, Gathered& g)
     return true;
 }
 
-// Whether what follows ends a macro line that has no semicolon: the end of
-// the text, the "}" of the enclosing body, or the next declaration beginning
-// with `namespace`, `inline namespace`, `using` or `extern`.
+// Whether what follows ends a macro line that has no semicolon: a directive
+// on the next line, the end of the text, the "}" of the enclosing body, or the
+// next declaration beginning with `namespace`, `inline namespace`, `using` or
+// `extern`.
 bool Parser::endsMacroLine(Stream& s)
 {
+    // `DOCTEST_..._BEGIN` with `#include <string>` on the next line.
+    if (peekAt(s, 1).type() == PREPROC_DIRECTIVE)
+        return true;
     switch (nextSignificant(s).type()) {
     case END_OF_FILE:
     case RBRACE:

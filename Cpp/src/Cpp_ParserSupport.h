@@ -43,6 +43,11 @@ inline bool isBuiltInType(std::int32_t type)
     return type >= FIRST_TYPE_KEYWORD && type <= LAST_TYPE_KEYWORD;
 }
 
+inline bool isClassKey(std::int32_t type)
+{
+    return type == CLASS_KEY || type == STRUCT_KEY || type == UNION_KEY;
+}
+
 inline bool isEnd(const Trn::Token& t)
 {
     return t.type() == END_OF_FILE || t.type() == INVALID_TOKEN;

@@ -190,9 +190,12 @@ BaseClauseNode* Parser::parseBaseClause(Stream& s)
             mark(t);
             continue;
         // Template arguments, commas and all, to the balancing ">".
+        // With the extensions, a comparison in parentheses closes nothing:
+        // `__bool_constant<(N > 0)>`.
         case LESS_THAN: {
             pieces.push_back(t);
             mark(t);
+            int paren = 0;
             for (int depth = 1; depth > 0;) {
                 const Trn::Token u = get(s);
                 if (isEnd(u)) {
@@ -201,7 +204,13 @@ BaseClauseNode* Parser::parseBaseClause(Stream& s)
                 }
                 pieces.push_back(u);
                 mark(u);
-                if (u.type() == LESS_THAN)
+                if (m_extended && u.type() == LPAREN)
+                    ++paren;
+                else if (m_extended && u.type() == RPAREN && paren > 0)
+                    --paren;
+                else if (paren > 0)
+                    continue;
+                else if (u.type() == LESS_THAN)
                     ++depth;
                 else if (u.type() == GREATER_THAN)
                     --depth;
@@ -210,6 +219,28 @@ BaseClauseNode* Parser::parseBaseClause(Stream& s)
             }
             continue;
         }
+        // With the extensions, a pack expansion behind a base, `: T...`, and
+        // a base in parentheses, `: decltype(f(x))`.
+        case DOT:
+            if (m_extended && !pieces.empty() && peekAt(s, 1).type() == DOT && peekAt(s, 2).type() == DOT) {
+                pieces.push_back(t);
+                for (int i = 0; i < 2; ++i)
+                    pieces.push_back(get(s));
+                mark(pieces.back());
+                continue;
+            }
+            compose("Unexpected Token: \"" + t.text() + "\"", t);
+            return nullptr;
+        case LPAREN:
+            if (m_extended && !pieces.empty()) {
+                pieces.push_back(t);
+                if (!gatherBalanced(s, pieces, LPAREN, RPAREN, 1))
+                    return nullptr;
+                mark(pieces.back());
+                continue;
+            }
+            compose("Unexpected Token: \"" + t.text() + "\"", t);
+            return nullptr;
         case COMMA:
         case LBRACE:
             s.unget();

@@ -726,7 +726,10 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
             ++depth;
         } else if (type == close) {
             if (--depth == 0) {
-                if (angle != 0)
+                // With the extensions, a "<" still open at the end of the
+                // list was a comparison or an operator passed to a macro:
+                // `static_assert(N < 200, "...")`, `DEFINE_OP(Lt, <)`.
+                if (angle != 0 && !m_extended)
                     compose("Expected '>'. Got: " + t.text(), t);
                 addParameter();
                 list->setEnd(t.end());

@@ -478,10 +478,12 @@ CtrlSubStmtHeadNode* Parser::parseHead(Stream& s)
     if (type != FOR_KEY && type != IF_KEY && type != WHILE_KEY && type != CATCH_KEY && type != SWITCH_KEY)
         return new CtrlSubStmtHeadNode(keywordNode.release(), nullptr);
     skipDiscardable(s);
-    // With the extensions, `if constexpr (...)`: the word begins the
-    // condition's expression, so that it lies inside a node.
+    // With the extensions, `if constexpr (...)` and a macro in its place,
+    // `if _GLIBCXX17_CONSTEXPR (...)`: the word begins the condition's
+    // expression, so that it lies inside a node.
     std::optional<Trn::Position> conditionStart;
-    if (m_extended && type == IF_KEY && isWord(peekAt(s, 1), "constexpr")) {
+    if (m_extended && type == IF_KEY && peekAt(s, 1).type() == IDENTIFIER
+        && (isWord(peekAt(s, 1), "constexpr") || peekAt(s, 2).type() == LPAREN)) {
         conditionStart = get(s).start();
         skipDiscardable(s);
     }
@@ -525,11 +527,13 @@ CtrlSubStmtHeadNode* Parser::parseHead(Stream& s)
 
 // With the extensions: whether a "{" behind `previous` inside a control
 // statement's parentheses opens a lambda's body or a braced list rather than
-// showing a head that has run away (`if (a {`). `arrow`: a "->" came since.
+// showing a head that has run away (`if (a {`): `for (int i : {1, 2})`,
+// `if (f([](int x) { return x; }))`. `arrow`: a "->" came since.
 bool Parser::opensBracesInHead(const Trn::Token& previous, bool arrow) const
 {
     const std::int32_t p = previous.type();
-    if (arrow || p == RPAREN || p == RBRACKET || p == GREATER_THAN || p == COMMA || p == LPAREN || p == EQUALS)
+    if (arrow || p == RPAREN || p == RBRACKET || p == GREATER_THAN || p == COMMA || p == LPAREN || p == EQUALS
+        || p == COLON)
         return true;
     return p == MUTABLE_KEY || isWord(previous, "noexcept");
 }

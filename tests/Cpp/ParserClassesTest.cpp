@@ -103,7 +103,9 @@ TEST(ParserClassesTest, BaseClauses)
 
 TEST(ParserClassesTest, HeadWithoutClassKey)
 {
-    EXPECT_EQ(TwTest::messagesOf("ALIGNED(struct) S : public B { };"),
+    // The core rules refuse a class key inside a macro's parentheses; the
+    // extensions read it (ClassKeyInsideAMacroHeadsAClass).
+    EXPECT_EQ(TwTest::coreMessagesOf("ALIGNED(struct) S : public B { };"),
               "1:17 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
               "1:19 code=0 Expected an identifier for the class name.\n"
               "1:17 code=7 The statement cannot be parsed.\n");
@@ -282,6 +284,60 @@ TEST(ParserClassesTest, NamespaceHeadNearMisses)
                 "    IdNode 2:1-2:6 text=\"NS_END\"\n");
     EXPECT_EQ(TwTest::messagesOf("namespace a b c;\n"), "1:16 code=0 Expected:: \"{\".\n");
     EXPECT_EQ(TwTest::messagesOf("namespace n int x;"), "1:13 code=0 Expected:: \"{\".\n");
+}
+
+// --- Extensions: class keys inside macros, base clauses with packs,
+// parentheses and comparisons. ---
+
+TEST(ParserClassesTest, ClassKeyInsideAMacroHeadsAClass)
+{
+    EXPECT_TREE("ALIGNED16(struct)\nA : public B\n{\n  int x;\n};\n",
+                "RootNode 1:1-5:2\n"
+                "  ClassDeclNode 1:1-5:2\n"
+                "    ClassHeadNode 1:1-2:12\n"
+                "      ClassNameNode 1:1-2:1 type=STRUCT_KEY text=\"ALIGNED16 ( struct ) A\"\n"
+                "      BaseClauseListNode 2:5-2:12\n"
+                "        BaseClauseNode 2:5-2:12 access=PUBLIC_KEY text=\"B\"\n"
+                "    ClassBodyNode 3:1-5:1\n"
+                "      DataDeclNode 4:3-4:8\n"
+                "        TypeNode 4:3-4:5\n"
+                "        IdNode 4:7-4:7 text=\"x\"\n");
+    // Any other word in the parentheses keeps the macro a call.
+    EXPECT_EQ(TwTest::extendedTreeOf("ALIGNED(16) int x;"), TwTest::treeOf("ALIGNED(16) int x;"));
+}
+
+TEST(ParserClassesTest, BaseClausesWithPacksParenthesesAndComparisons)
+{
+    EXPECT_TREE("template <class... Ts> struct B : Base<Ts>..., decltype(f(1)), C<(N > 0)> { };",
+                "RootNode 1:1-1:78\n"
+                "  TemplateNode 1:1-1:22\n"
+                "    KeywordNode 1:1-1:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 1:10-1:22\n"
+                "      ParameterNode 1:11-1:21\n"
+                "  ClassDeclNode 1:24-1:78\n"
+                "    ClassHeadNode 1:24-1:73\n"
+                "      ClassNameNode 1:24-1:31 type=STRUCT_KEY text=\"struct B\"\n"
+                "      BaseClauseListNode 1:35-1:73\n"
+                "        BaseClauseNode 1:35-1:45 text=\"Base < Ts > . . .\"\n"
+                "        BaseClauseNode 1:48-1:61 text=\"decltype ( f ( 1 ) )\"\n"
+                "        BaseClauseNode 1:64-1:73 text=\"C < ( N > 0 ) >\"\n"
+                "    ClassBodyNode 1:75-1:77\n");
+    EXPECT_TREE("struct A : T... { };",
+                "RootNode 1:1-1:20\n"
+                "  ClassDeclNode 1:1-1:20\n"
+                "    ClassHeadNode 1:1-1:15\n"
+                "      ClassNameNode 1:1-1:8 type=STRUCT_KEY text=\"struct A\"\n"
+                "      BaseClauseListNode 1:12-1:15\n"
+                "        BaseClauseNode 1:12-1:15 text=\"T . . .\"\n"
+                "    ClassBodyNode 1:17-1:19\n");
+}
+
+TEST(ParserClassesTest, ComparisonOrOperatorInADeclarationLevelMacroCall)
+{
+    // An angle bracket left open at the end of the parentheses was no
+    // template argument list.
+    EXPECT_EQ(TwTest::messagesOf("struct A {\n  static_assert(N < 200, \"too big\");\n};\nDEFINE_OP(Lt, <);\n"), "");
+    EXPECT_EQ(TwTest::coreMessagesOf("DEFINE_OP(Lt, <);"), "1:16 code=0 Expected '>'. Got: )\n");
 }
 
 } // namespace

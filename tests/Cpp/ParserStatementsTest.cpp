@@ -449,4 +449,30 @@ TEST(ParserStatementsTest, MacroBeforeABlockKeepsItsBlock)
     EXPECT_EQ(TwTest::extendedTreeOf(withReturn), TwTest::treeOf(withReturn));
 }
 
+TEST(ParserStatementsTest, BracedListInARangeForAndAMacroInPlaceOfConstexpr)
+{
+    EXPECT_TREE("void f() {\n  for (int i : {0, 1}) g(i);\n  if _CONSTEXPR (N > 1) g(0);\n}\n",
+                "RootNode 1:1-4:1\n"
+                "  FunctionDeclNode 1:1-4:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-4:1\n"
+                "      CtrlStmtNode 2:3-2:28\n"
+                "        CtrlSubStmtNode 2:3-2:28\n"
+                "          CtrlSubStmtHeadNode 2:3-2:22\n"
+                "            KeywordNode 2:3-2:5 type=FOR_KEY\n"
+                "            ExprNode 2:7-2:22\n"
+                "          BlockNode 2:24-2:28\n"
+                "            ExprNode 2:24-2:28\n"
+                "      CtrlStmtNode 3:3-3:29\n"
+                "        CtrlSubStmtNode 3:3-3:29\n"
+                "          CtrlSubStmtHeadNode 3:3-3:23\n"
+                "            KeywordNode 3:3-3:4 type=IF_KEY\n"
+                "            ExprNode 3:6-3:23\n"
+                "          BlockNode 3:25-3:29\n"
+                "            ExprNode 3:25-3:29\n");
+}
+
 } // namespace

@@ -526,4 +526,18 @@ TEST(ParserTest, MacroOpeningAScopeOfDeclarations)
               TwTest::treeOf("BEGIN_MAP /* c */ { ENTRY(1) }"));
 }
 
+TEST(ParserTest, MacroLineWithoutSemicolonBeforeADirective)
+{
+    EXPECT_TREE("BEGIN_CLEAN\n#include <string>\nEND_CLEAN\nnamespace a { }\n",
+                "RootNode 1:1-4:15\n"
+                "  DataDeclNode 1:1-1:11\n"
+                "    IdNode 1:1-1:11 text=\"BEGIN_CLEAN\"\n"
+                "  PreprocDirectiveNode 2:1-3:0\n"
+                "  DataDeclNode 3:1-3:9\n"
+                "    IdNode 3:1-3:9 text=\"END_CLEAN\"\n"
+                "  NamespaceDeclNode 4:1-4:15\n"
+                "    NamespaceHeadNode 4:1-4:11 text=\"a\"\n"
+                "    NamespaceBodyNode 4:13-4:15\n");
+}
+
 } // namespace

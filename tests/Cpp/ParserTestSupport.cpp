@@ -126,6 +126,13 @@ std::string extendedTreeOf(const std::string& text)
     return dump;
 }
 
+std::string coreMessagesOf(const std::string& text)
+{
+    Parsed parsed;
+    Cpp::ParserTestAccess::readCore(text, parsed);
+    return messageLines(parsed.messages, "");
+}
+
 std::string messagesOf(const std::string& text)
 {
     Parsed parsed;
@@ -153,6 +160,16 @@ std::string ParserTestAccess::classDump(const std::string& text)
     Parser parser;
     std::unique_ptr<ClassDeclNode> node(parser.parseClass(stream));
     return node ? dumpTree(*node) : "null";
+}
+
+void ParserTestAccess::readCore(const std::string& text, TwTest::Parsed& parsed)
+{
+    Varnel::IMemStream in(text);
+    Lexer lexer(in);
+    Parser parser;
+    parser.m_messages.swap(parsed.messages);
+    parser.read(lexer, parsed.root, Parser::Reading::CORE, false);
+    parser.m_messages.swap(parsed.messages);
 }
 
 void ParserTestAccess::readExtended(const std::string& text, TwTest::Parsed& parsed)

@@ -29,6 +29,10 @@ std::string treeOf(const std::string& text);
 // The messages of `text` only, one "L:C code=N text" line each.
 std::string messagesOf(const std::string& text);
 
+// The messages of `text` read by the core rules alone, all of them, in the
+// form of messagesOf: what the core rules make of a text the extensions accept.
+std::string coreMessagesOf(const std::string& text);
+
 // The tree dump of `text` read with the extensions for real-world code from
 // the start, as a text that the core rules refuse is read, in the form of
 // treeOf. For tests of how an extension treats a construct that the core rules
@@ -54,6 +58,8 @@ class ParserTestAccess {
 public:
     // parseClass on the tokens of `text`; its dump, or "null".
     static std::string classDump(const std::string& text);
+    // Reads `text` by the core rules only, to its end, into `parsed`.
+    static void readCore(const std::string& text, TwTest::Parsed& parsed);
     // Reads `text` with the extensions on, into `parsed`.
     static void readExtended(const std::string& text, TwTest::Parsed& parsed);
 };
