@@ -55,10 +55,68 @@ bool Lexer::restart()
     m_input.reset();
     m_input.emplace(m_source, 0, 1, 1, 0);
     m_pending = Trn::Token();
+    m_conditionals.clear();
     return true;
 }
 
 Trn::Token Lexer::next()
+{
+    Trn::Token t = nextToken();
+    if (m_foldElse && t.type() == PREPROC_DIRECTIVE)
+        return foldConditional(std::move(t));
+    return t;
+}
+
+namespace {
+
+// The directive's name and what follows it, without white space: "#if0",
+// "#else", "#endif".
+std::string directiveWords(const std::string& text)
+{
+    std::string words;
+    for (char c : text)
+        if (c != ' ' && c != '\t' && c != '\r' && c != '\n' && c != '\\')
+            words += c;
+    return words;
+}
+
+} // namespace
+
+Trn::Token Lexer::foldConditional(Trn::Token t)
+{
+    const std::string words = directiveWords(t.text());
+    if (words.starts_with("#if")) {
+        m_conditionals.push_back(words.starts_with("#if0"));
+        return t;
+    }
+    if (words.starts_with("#endif")) {
+        if (!m_conditionals.empty())
+            m_conditionals.pop_back();
+        return t;
+    }
+    if (!(words.starts_with("#else") || words.starts_with("#elif")) || m_conditionals.empty() || m_conditionals.back())
+        return t;
+    // `#else` ... `#endif`: one token; a conditional nested in the branch is
+    // counted, and the end of input ends an unclosed one.
+    m_conditionals.pop_back();
+    Trn::Position end = t.end();
+    for (int depth = 1; depth > 0;) {
+        Trn::Token u = nextToken();
+        if (u.type() == END_OF_FILE)
+            break;
+        end = u.end();
+        if (u.type() != PREPROC_DIRECTIVE)
+            continue;
+        const std::string inner = directiveWords(u.text());
+        if (inner.starts_with("#if"))
+            ++depth;
+        else if (inner.starts_with("#endif"))
+            --depth;
+    }
+    return Trn::Token(PREPROC_DIRECTIVE, t.start(), end, t.text());
+}
+
+Trn::Token Lexer::nextToken()
 {
     // 1. A token read ahead goes first.
     if (m_pending.type() != END_OF_FILE) {

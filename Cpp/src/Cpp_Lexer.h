@@ -29,6 +29,7 @@
 #include <iosfwd>
 #include <istream>
 #include <optional>
+#include <vector>
 
 namespace Cpp {
 
@@ -39,6 +40,12 @@ public:
     ~Lexer() override;
 
     Trn::Token next() override;
+    // With folding on, the `#else` or `#elif` of a conditional and everything
+    // up to and including its `#endif` come as one PREPROC_DIRECTIVE token
+    // spanning them all (its text that of the `#else` line), so that only the
+    // first branch is read as code. Conditionals opened by `#if 0` are left
+    // alone: the parser takes those whole. Off by default; restart() keeps it.
+    void setFoldingElseBranches(bool on) { m_foldElse = on; }
     // "line:\t" L "\tcol:\t" C "\tlastlinecol:\t" N "\n"
     void dump(std::ostream& out) const override;
 
@@ -63,6 +70,10 @@ private:
     bool scanString(Trn::Token& out);
     bool scanChar(Trn::Token& out);
     bool scanDirective(Trn::Token& out);
+    Trn::Token nextToken();
+    // Follows the conditional directive `t`; returns the folded token when
+    // it opens an other branch to fold.
+    Trn::Token foldConditional(Trn::Token t);
     bool scanOperator(int first, Trn::Token& out);
     bool scanContinuation(Trn::Token& out);
 
@@ -71,6 +82,9 @@ private:
     // Always engaged; optional only so that restart() can build it anew.
     std::optional<Varnel::ITextDocStream> m_input;
     Trn::Token m_pending; // a token already read, given out by the next call
+    bool m_foldElse = false;
+    // With folding: for each open conditional, whether it is an `#if 0`.
+    std::vector<bool> m_conditionals;
 };
 
 } // namespace Cpp

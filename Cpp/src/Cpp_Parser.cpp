@@ -168,7 +168,25 @@ void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& message
     // 2. The extensions.
     dropOwnMessages();
     RootNode extended;
-    read(lexer, extended, Reading::EXTENDED, false);
+    if (read(lexer, extended, Reading::EXTENDED, false) || !lexer.restart()) {
+        root = std::move(extended);
+        return;
+    }
+    // 3. The extensions, with the other branches of each conditional folded
+    //    into one directive, for braces that balance only across branches.
+    //    The messages of a text refused even so are those of step 2.
+    Trn::FormatMessageList extendedMessages(std::next(m_messages.begin(), given), m_messages.end());
+    dropOwnMessages();
+    lexer.setFoldingElseBranches(true);
+    RootNode folded;
+    const bool foldedReads = read(lexer, folded, Reading::EXTENDED, true);
+    lexer.setFoldingElseBranches(false);
+    if (foldedReads) {
+        root = std::move(folded);
+        return;
+    }
+    dropOwnMessages();
+    m_messages.insert(m_messages.end(), extendedMessages.begin(), extendedMessages.end());
     root = std::move(extended);
 }
 

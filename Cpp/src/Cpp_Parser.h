@@ -26,9 +26,12 @@
 //     again, from its start, with the extensions for real-world code (macro
 //     lines without a semicolon, C++11 and later syntax; see `m_extended`).
 //     So a text the core rules accept always keeps exactly the tree they give
-//     it. The messages of a text refused by every reading are those of the
-//     extended reading. A first reading that will be repeated stops at its
-//     first fault.
+//     it. A text the extensions refuse too is read a third time with them,
+//     over a lexer that folds the other branches of each conditional into one
+//     directive (`#else` ... `#endif`), for braces that balance only across
+//     branches. The messages of a text refused by every reading are those of
+//     the second reading. A reading that will be repeated stops at its first
+//     fault.
 //
 // The routines are split over several files by construct family:
 // Cpp_Parser.cpp (core, top level), Cpp_Parser_Classes.cpp (classes, enums,

@@ -379,3 +379,45 @@ TEST(LexerTest, StreamThatCannotBeSetBackCannotRestart)
 }
 
 } // namespace
+
+namespace {
+
+// Lexes `text` with the other branches of conditionals folded: each token as
+// "type start-end".
+std::vector<std::string> foldedSpans(const std::string& text)
+{
+    std::istringstream in(text);
+    Cpp::Lexer lexer(in);
+    lexer.setFoldingElseBranches(true);
+    std::vector<std::string> spans;
+    for (Trn::Token t = lexer.next(); t.type() != Cpp::END_OF_FILE; t = lexer.next())
+        spans.push_back(std::string(Cpp::tokenTypeName(t.type())) + " " + std::to_string(t.start().line) + ":" +
+                        std::to_string(t.start().col) + "-" + std::to_string(t.end().line) + ":" +
+                        std::to_string(t.end().col));
+    return spans;
+}
+
+} // namespace
+
+TEST(LexerTest, FoldingTakesEachOtherBranchWithItsEndifAsOneDirective)
+{
+    // The #elif and #else branches, a conditional nested in them, and the
+    // #endif are one token; the first branch is read as code.
+    const std::string text = "#if A\nx\n#elif B\n#ifdef C\ny\n#endif\n#else\nz\n#endif\nw";
+    EXPECT_EQ(foldedSpans(text), (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1",
+                                                           "PREPROC_DIRECTIVE 3:1-10:0", "IDENTIFIER 10:1-10:1"}));
+    // Without folding every directive is its own token.
+    EXPECT_EQ(TestSupport::lex(text).size(), 10u);
+}
+
+TEST(LexerTest, FoldingLeavesIfZeroBlocksAndAnUnclosedBranchEndsAtTheEnd)
+{
+    // The parser takes an `#if 0` block whole, with its #else branch.
+    EXPECT_EQ(foldedSpans("#if 0\nx\n#else\ny\n#endif\n"),
+              (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1", "PREPROC_DIRECTIVE 3:1-4:0",
+                                        "IDENTIFIER 4:1-4:1", "PREPROC_DIRECTIVE 5:1-6:0"}));
+    EXPECT_EQ(foldedSpans("#ifdef A\nx\n#else\ny z"),
+              (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1", "PREPROC_DIRECTIVE 3:1-4:3"}));
+    // An #else without its #if is left as it is.
+    EXPECT_EQ(foldedSpans("#else\ny\n"), (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1"}));
+}

@@ -540,4 +540,66 @@ TEST(ParserTest, MacroLineWithoutSemicolonBeforeADirective)
                 "    NamespaceBodyNode 4:13-4:15\n");
 }
 
+TEST(ParserTest, BracesBalancedOnlyAcrossBranchesAreReadWithTheFirstBranch)
+{
+    // A parameter list closed in both branches: the #else branch and its
+    // #endif are one directive, which lies between the head and the body.
+    EXPECT_TREE("int f(\n#ifdef WIDE\n      long a, long b)\n#else\n      int a)\n#endif\n{\n    return a;\n}\n",
+                "RootNode 1:1-9:1\n"
+                "  FunctionDeclNode 1:1-9:1\n"
+                "    FunctionHeadNode 1:1-3:21\n"
+                "      FunctionReturnNode 1:1-1:3\n"
+                "      IdNode 1:5-1:5 text=\"f\"\n"
+                "      ParameterListNode 1:6-3:21\n"
+                "        PreprocDirectiveNode 2:1-3:0\n"
+                "        ParameterNode 3:7-3:12\n"
+                "        ParameterNode 3:15-3:20\n"
+                "    BlockNode 7:1-9:1\n"
+                "      ExprNode 8:5-8:13\n");
+    // Two heads of a control statement.
+    EXPECT_TREE("void h() {\n#if A\n  if (x) {\n#else\n  if (y) {\n#endif\n    run();\n  }\n}\n",
+                "RootNode 1:1-9:1\n"
+                "  FunctionDeclNode 1:1-9:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"h\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-9:1\n"
+                "      PreprocDirectiveNode 2:1-3:0\n"
+                "      CtrlStmtNode 3:3-8:3\n"
+                "        CtrlSubStmtNode 3:3-8:3\n"
+                "          CtrlSubStmtHeadNode 3:3-3:8\n"
+                "            KeywordNode 3:3-3:4 type=IF_KEY\n"
+                "            ExprNode 3:6-3:8\n"
+                "          BlockNode 3:10-8:3\n"
+                "            PreprocDirectiveNode 4:1-7:0\n"
+                "            ExprNode 7:5-7:10\n");
+}
+
+TEST(ParserTest, BranchesAreFoldedOnlyForATextRefusedOtherwise)
+{
+    // A text that reads with every branch keeps its directives apart.
+    const std::string text = "#ifdef A\nint x;\n#else\nlong x;\n#endif\n";
+    EXPECT_EQ(TwTest::treeOf(text), "RootNode 1:1-6:0\n"
+                                    "  PreprocDirectiveNode 1:1-2:0\n"
+                                    "  DataDeclNode 2:1-2:6\n"
+                                    "    TypeNode 2:1-2:3\n"
+                                    "    IdNode 2:5-2:5 text=\"x\"\n"
+                                    "  PreprocDirectiveNode 3:1-4:0\n"
+                                    "  DataDeclNode 4:1-4:7\n"
+                                    "    TypeNode 4:1-4:4\n"
+                                    "    IdNode 4:6-4:6 text=\"x\"\n"
+                                    "  PreprocDirectiveNode 5:1-6:0\n");
+    // A text refused even with the branches folded reports what the reading
+    // without folding found.
+    const std::string bad = "#ifdef A\nint f(\n#else\nint f(\n#endif\nint a) { ) }\n";
+    std::string extendedMessages;
+    std::istringstream dump(TwTest::extendedTreeOf(bad));
+    for (std::string line; std::getline(dump, line);)
+        if (line.starts_with("! "))
+            extendedMessages += line.substr(2) + "\n";
+    EXPECT_FALSE(extendedMessages.empty());
+    EXPECT_EQ(TwTest::messagesOf(bad), extendedMessages);
+}
+
 } // namespace
