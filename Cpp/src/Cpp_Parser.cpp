@@ -15,6 +15,7 @@
 #include <cctype>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <unordered_set>
 
@@ -188,6 +189,59 @@ void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& message
     dropOwnMessages();
     m_messages.insert(m_messages.end(), extendedMessages.begin(), extendedMessages.end());
     root = std::move(extended);
+    // 4. Most refusals of real code come from a macro used as syntax: name
+    //    the likely one.
+    if (lexer.restart())
+        nameProbableMacro(lexer, std::next(m_messages.begin(), given));
+}
+
+namespace {
+
+// A word that reads like a macro's name: capitals, digits and underscores,
+// at least three characters of which two are capitals, and not one of the
+// constants that never stand for syntax.
+bool looksLikeMacro(const Trn::Token& t)
+{
+    if (t.type() != IDENTIFIER)
+        return false;
+    const std::string& text = t.text();
+    if (text.size() < 3 || text == "NULL" || text == "TRUE" || text == "FALSE" || text == "EOF")
+        return false;
+    int capitals = 0;
+    for (char c : text) {
+        if (c >= 'A' && c <= 'Z')
+            ++capitals;
+        else if (!(c == '_' || (c >= '0' && c <= '9')))
+            return false;
+    }
+    return capitals >= 2;
+}
+
+} // namespace
+
+void Parser::nameProbableMacro(Lexer& lexer, Trn::FormatMessageList::iterator from)
+{
+    // The first error: `NS_DECL(x) class A`, "Expected ... (is NS_DECL a macro? ...)".
+    auto first = std::find_if(from, m_messages.end(), [](const Trn::FormatMessage& m) {
+        return m.code != 2 && !(m.position == Trn::Position());
+    });
+    if (first == m_messages.end())
+        return;
+    const Trn::Position at = first->position;
+    // The last macro-like word at or before the fault, within three lines.
+    std::optional<Trn::Token> word;
+    for (Trn::Token t = lexer.next(); !isEnd(t) && !(at < t.start()); t = lexer.next())
+        if (looksLikeMacro(t))
+            word = t;
+    if (!word || word->start().line + 3 < at.line)
+        return;
+    first->text += probableMacroNote(word->text());
+}
+
+std::string Parser::probableMacroNote(const std::string& word)
+{
+    return " (is " + word + " a macro? Put code that Tidewright cannot read between TIDEWRIGHT-OFF and "
+                            "TIDEWRIGHT-ON comments; see \"When a file does not parse\" in the README)";
 }
 
 bool Parser::read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stopAtFault)

@@ -138,6 +138,12 @@ private:
     {
         return m_extended && angle >= 2 && previous != OPERATOR_KEY;
     }
+    // Appends to the first error from `from` on the note that names the last
+    // word before it that reads like a macro, when there is one near it;
+    // `lexer` reads the text from its start.
+    void nameProbableMacro(Lexer& lexer, Trn::FormatMessageList::iterator from);
+    // " (is FOO a macro? ...)"
+    static std::string probableMacroNote(const std::string& word);
     // Whether the routines should unwind: nesting went too deep, or a reading
     // that stops at its first fault has one.
     bool stopping() const { return m_tooDeep || m_faulted; }

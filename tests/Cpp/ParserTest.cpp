@@ -465,16 +465,45 @@ TEST(ParserTest, MacroLineWithParenthesesIsABodylessFunction)
                                                    "! 3:1 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n");
 }
 
+// The note a refusal takes when a word that reads like a macro stands near it.
+std::string macroNote(const std::string& word)
+{
+    return " (is " + word +
+           " a macro? Put code that Tidewright cannot read between TIDEWRIGHT-OFF and TIDEWRIGHT-ON comments; see "
+           "\"When a file does not parse\" in the README)";
+}
+
 TEST(ParserTest, MacroLineNearMissesStayRefused)
 {
     // Two words are no macro line; nor is a keyword.
-    EXPECT_EQ(TwTest::messagesOf("FOO BAR\n}\n"), "2:1 code=1 Unexpected EOF found.\n"
+    EXPECT_EQ(TwTest::messagesOf("FOO BAR\n}\n"), "2:1 code=1 Unexpected EOF found." + macroNote("BAR") + "\n"
                                                  "1:1 code=7 The statement cannot be parsed.\n");
     EXPECT_EQ(TwTest::messagesOf("namespace a {\nint\n}\n"), "3:1 code=1 Unexpected EOF found.\n"
                                                            "2:1 code=7 The statement cannot be parsed.\n");
     // A name followed by anything else goes on as a declaration.
-    EXPECT_EQ(TwTest::messagesOf("FOO\nint x"), "2:5 code=1 Unexpected EOF found.\n"
+    EXPECT_EQ(TwTest::messagesOf("FOO\nint x"), "2:5 code=1 Unexpected EOF found." + macroNote("FOO") + "\n"
                                                 "1:1 code=7 The statement cannot be parsed.\n");
+}
+
+TEST(ParserTest, RefusalNamesTheWordThatReadsLikeAMacro)
+{
+    // The last such word at or before the first error, within three lines;
+    // only the first error takes the note.
+    EXPECT_EQ(TwTest::messagesOf("struct S {\n  int a;\n  ALIGNED16(struct) ( x ;\n};\n"),
+              "4:1 code=1 Unexpected EOF found." + macroNote("ALIGNED16") + "\n"
+              "3:3 code=7 The statement cannot be parsed.\n"
+              "1:1 code=7 The statement cannot be parsed.\n");
+    EXPECT_EQ(TwTest::messagesOf("int f(\n#ifdef A\nint a\n#endif\nNS_DECL(Lt, x) BAR(\n"),
+              "5:19 code=1 Unexpected EOF found." + macroNote("BAR") + "\n"
+              "1:1 code=7 The statement cannot be parsed.\n");
+    // No such word near the fault: no note.
+    EXPECT_EQ(TwTest::messagesOf("namespace a {\nint\n}\n"), "3:1 code=1 Unexpected EOF found.\n"
+                                                           "2:1 code=7 The statement cannot be parsed.\n");
+    EXPECT_EQ(TwTest::messagesOf("MACRO\n\n\n\nnamespace a {\nint\n}\n"),
+              "7:1 code=1 Unexpected EOF found.\n"
+              "6:1 code=7 The statement cannot be parsed.\n");
+    // The core rules' messages stay as they were.
+    EXPECT_EQ(TwTest::coreMessagesOf("FOO\nint x").find(" a macro?"), std::string::npos);
 }
 
 // A stream buffer over a string that cannot be set back, like a pipe's.
