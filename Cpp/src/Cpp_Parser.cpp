@@ -193,6 +193,9 @@ void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& message
     //    the likely one.
     if (lexer.restart())
         nameProbableMacro(lexer, std::next(m_messages.begin(), given));
+    // The text is read to its end, as by any reading.
+    while (lexer.next().type() != END_OF_FILE) {
+    }
 }
 
 namespace {
@@ -225,7 +228,8 @@ void Parser::nameProbableMacro(Lexer& lexer, Trn::FormatMessageList::iterator fr
     auto first = std::find_if(from, m_messages.end(), [](const Trn::FormatMessage& m) {
         return m.code != 2 && !(m.position == Trn::Position());
     });
-    if (first == m_messages.end())
+    // The end of input is no macro's fault: the cause lies further back.
+    if (first == m_messages.end() || first->code == 1)
         return;
     const Trn::Position at = first->position;
     // The last macro-like word at or before the fault, within three lines.
@@ -565,7 +569,7 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
                 continue;
             }
             // `NS_END }`, `G_END_DECLS` at the end of the text.
-            if (m_extended && prev == END_OF_FILE && endsMacroLine(s)) {
+            if (m_extended && prev == END_OF_FILE && endsMacroLine(s, t)) {
                 g.kind = DeclKind::DATA;
                 g.macroLine = true;
                 g.prev = t;
@@ -607,7 +611,7 @@ bool Parser::classifyBracket(Stream& s, Gathered& g)
 // on the next line, the end of the text, the "}" of the enclosing body, or the
 // next declaration beginning with `namespace`, `inline namespace`, `using` or
 // `extern`.
-bool Parser::endsMacroLine(Stream& s)
+bool Parser::endsMacroLine(Stream& s, const Trn::Token& word)
 {
     // `DOCTEST_..._BEGIN` with `#include <string>` on the next line.
     if (peekAt(s, 1).type() == PREPROC_DIRECTIVE)
@@ -618,8 +622,40 @@ bool Parser::endsMacroLine(Stream& s)
     case NAMESPACE_KEY:
     case USING_KEY:
     case EXTERN_KEY: return true;
-    default: return startsInlineNamespace(s);
+    default: break;
     }
+    if (startsInlineNamespace(s))
+        return true;
+    // Lines of one name each, the last of them ending as above:
+    // `G_GNUC_END_IGNORE_DEPRECATIONS` / `G_END_DECLS` / `#endif`. The look
+    // ahead stays within the main stream's window.
+    Trn::Token previous = word;
+    std::int32_t k = 1;
+    for (int lines = 0; lines < 3; ++lines) {
+        while (isComment(peekAt(s, k)))
+            ++k;
+        const Trn::Token name = peekAt(s, k);
+        if (name.type() != IDENTIFIER || name.start().line <= previous.end().line)
+            return false;
+        std::int32_t after = k + 1;
+        while (isComment(peekAt(s, after)))
+            ++after;
+        const Trn::Token next = peekAt(s, after);
+        if (next.type() != END_OF_FILE && next.start().line <= name.end().line)
+            return false;
+        switch (next.type()) {
+        case PREPROC_DIRECTIVE:
+        case END_OF_FILE:
+        case RBRACE:
+        case NAMESPACE_KEY:
+        case USING_KEY:
+        case EXTERN_KEY: return true;
+        default: break;
+        }
+        previous = name;
+        k = after;
+    }
+    return false;
 }
 
 // `inline namespace v1 {` ahead.

@@ -153,7 +153,7 @@ private:
     SyntaxNode* parseDeclaration(Stream& s, bool& isTypeBody, bool bitFieldsAllowed = false);
     bool classifyDeclaration(Stream& s, Gathered& g);
     bool classifyBracket(Stream& s, Gathered& g);
-    bool endsMacroLine(Stream& s);
+    bool endsMacroLine(Stream& s, const Trn::Token& word);
     bool startsInlineNamespace(Stream& s);
     void parseMacroScope(Stream& s, InteriorNode& node);
     bool onlyMacroNotes(std::size_t count) const;

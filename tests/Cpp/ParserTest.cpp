@@ -476,12 +476,12 @@ std::string macroNote(const std::string& word)
 TEST(ParserTest, MacroLineNearMissesStayRefused)
 {
     // Two words are no macro line; nor is a keyword.
-    EXPECT_EQ(TwTest::messagesOf("FOO BAR\n}\n"), "2:1 code=1 Unexpected EOF found." + macroNote("BAR") + "\n"
+    EXPECT_EQ(TwTest::messagesOf("FOO BAR\n}\n"), "2:1 code=1 Unexpected EOF found.\n"
                                                  "1:1 code=7 The statement cannot be parsed.\n");
     EXPECT_EQ(TwTest::messagesOf("namespace a {\nint\n}\n"), "3:1 code=1 Unexpected EOF found.\n"
                                                            "2:1 code=7 The statement cannot be parsed.\n");
     // A name followed by anything else goes on as a declaration.
-    EXPECT_EQ(TwTest::messagesOf("FOO\nint x"), "2:5 code=1 Unexpected EOF found." + macroNote("FOO") + "\n"
+    EXPECT_EQ(TwTest::messagesOf("FOO\nint x"), "2:5 code=1 Unexpected EOF found.\n"
                                                 "1:1 code=7 The statement cannot be parsed.\n");
 }
 
@@ -489,12 +489,14 @@ TEST(ParserTest, RefusalNamesTheWordThatReadsLikeAMacro)
 {
     // The last such word at or before the first error, within three lines;
     // only the first error takes the note.
-    EXPECT_EQ(TwTest::messagesOf("struct S {\n  int a;\n  ALIGNED16(struct) ( x ;\n};\n"),
-              "4:1 code=1 Unexpected EOF found." + macroNote("ALIGNED16") + "\n"
-              "3:3 code=7 The statement cannot be parsed.\n"
+    EXPECT_EQ(TwTest::messagesOf("struct S {\n  CONSTCD11 explicit operator unsigned() const NOEXCEPT;\n};\n"),
+              "2:48 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
+              "2:31 code=0 Expected function name. Got: unsigned" + macroNote("CONSTCD11") + "\n"
+              "2:3 code=7 The statement cannot be parsed.\n"
               "1:1 code=7 The statement cannot be parsed.\n");
+    // The end of input is never blamed on the last word before it.
     EXPECT_EQ(TwTest::messagesOf("int f(\n#ifdef A\nint a\n#endif\nNS_DECL(Lt, x) BAR(\n"),
-              "5:19 code=1 Unexpected EOF found." + macroNote("BAR") + "\n"
+              "5:19 code=1 Unexpected EOF found.\n"
               "1:1 code=7 The statement cannot be parsed.\n");
     // No such word near the fault: no note.
     EXPECT_EQ(TwTest::messagesOf("namespace a {\nint\n}\n"), "3:1 code=1 Unexpected EOF found.\n"
@@ -629,6 +631,25 @@ TEST(ParserTest, BranchesAreFoldedOnlyForATextRefusedOtherwise)
             extendedMessages += line.substr(2) + "\n";
     EXPECT_FALSE(extendedMessages.empty());
     EXPECT_EQ(TwTest::messagesOf(bad), extendedMessages);
+}
+
+TEST(ParserTest, RunOfMacroLinesEndingAtADirectiveOrTheEnd)
+{
+    EXPECT_TREE("int f(void);\nG_GNUC_END_IGNORE\n\nG_END_DECLS\n#endif\n",
+                "RootNode 1:1-6:0\n"
+                "  FunctionDeclNode 1:1-1:12\n"
+                "    FunctionHeadNode 1:1-1:12\n"
+                "      FunctionReturnNode 1:1-1:3\n"
+                "      IdNode 1:5-1:5 text=\"f\"\n"
+                "      ParameterListNode 1:6-1:11\n"
+                "        ParameterNode 1:7-1:10\n"
+                "  DataDeclNode 2:1-2:17\n"
+                "    IdNode 2:1-2:17 text=\"G_GNUC_END_IGNORE\"\n"
+                "  DataDeclNode 4:1-4:11\n"
+                "    IdNode 4:1-4:11 text=\"G_END_DECLS\"\n"
+                "  PreprocDirectiveNode 5:1-6:0\n");
+    // A run that ends in a declaration keeps the older reading.
+    EXPECT_EQ(TwTest::extendedTreeOf("FOO\nBar\nbaz;\n"), TwTest::treeOf("FOO\nBar\nbaz;\n"));
 }
 
 } // namespace
