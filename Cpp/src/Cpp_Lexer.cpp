@@ -61,8 +61,10 @@ bool Lexer::restart()
 
 Trn::Token Lexer::next()
 {
+    if (!m_foldElse)
+        return nextToken();
     Trn::Token t = nextToken();
-    if (m_foldElse && t.type() == PREPROC_DIRECTIVE)
+    if (t.type() == PREPROC_DIRECTIVE)
         return foldConditional(std::move(t));
     return t;
 }
