@@ -1,9 +1,13 @@
 // tw-corpus-stats: parses every file under a directory and prints how many
-// parse, and the most frequent causes of failure with an example each. A
-// cause is the first message a failing file reports, with the offending
-// token's text cut off composed messages so that like failures group.
+// files and bytes parse, and the most frequent causes of failure with an
+// example each. A cause is the first message a failing file reports, with the
+// offending token's text cut off composed messages so that like failures
+// group.
 //
-//   tw-corpus-stats DIR [N]     N causes (default 10)
+//   tw-corpus-stats [--list] DIR [N]     N causes (default 10)
+//
+// With --list, every failing file follows, one line each:
+// "path(line:col): message | source line".
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "Cpp_RootNode.h"
@@ -70,25 +74,33 @@ std::string lineOf(const std::string& text, int line)
 
 int main(int argc, char** argv)
 {
-    if (argc < 2) {
-        std::cerr << "usage: tw-corpus-stats DIR [N]\n";
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool listing = !arguments.empty() && arguments.front() == "--list";
+    if (listing)
+        arguments.erase(arguments.begin());
+    if (arguments.empty() || arguments.size() > 2
+        || (arguments.size() == 2 && arguments[1].find_first_not_of("0123456789") != std::string::npos)) {
+        std::cerr << "usage: tw-corpus-stats [--list] DIR [N]\n";
         return 2;
     }
-    const std::size_t shown = argc > 2 ? static_cast<std::size_t>(std::stoul(argv[2])) : 10;
+    const std::string& dir = arguments.front();
+    const std::size_t shown = arguments.size() > 1 ? static_cast<std::size_t>(std::stoul(arguments[1])) : 10;
     std::vector<fs::path> files;
     std::error_code error;
-    for (fs::recursive_directory_iterator it(argv[1], error), end; !error && it != end; it.increment(error))
+    for (fs::recursive_directory_iterator it(dir, error), end; !error && it != end; it.increment(error))
         if (it->is_regular_file() && it->path().filename() != "MANIFEST")
             files.push_back(it->path());
     if (error) {
-        std::cerr << "tw-corpus-stats: " << argv[1] << ": " << error.message() << '\n';
+        std::cerr << "tw-corpus-stats: " << dir << ": " << error.message() << '\n';
         return 2;
     }
     std::sort(files.begin(), files.end());
 
     std::map<std::string, Cause> causes;
+    std::vector<std::string> failures;
     std::size_t parsed = 0;
     std::size_t bytes = 0;
+    std::size_t parsedBytes = 0;
     double seconds = 0;
     Cpp::Parser parser;
     for (const fs::path& path : files) {
@@ -104,23 +116,37 @@ int main(int argc, char** argv)
         messages.remove_if([](const Trn::FormatMessage& m) { return m.code == 2; });
         if (messages.empty()) {
             ++parsed;
+            parsedBytes += text.size();
             continue;
         }
         const Trn::FormatMessage& first = messages.front();
+        const std::string place = path.string() + "(" + std::to_string(first.position.line) + ":"
+            + std::to_string(first.position.col) + "): ";
         Cause& cause = causes[causeOf(first)];
         if (cause.count++ == 0)
-            cause.example = path.string() + "(" + std::to_string(first.position.line) + ":"
-                + std::to_string(first.position.col) + "): " + lineOf(text, first.position.line);
+            cause.example = place + lineOf(text, first.position.line);
+        if (listing)
+            failures.push_back(place + first.text + " | " + lineOf(text, first.position.line));
     }
 
-    std::printf("files: %zu\nparsed: %zu (%.1f%%)\nfailed: %zu\nbytes: %zu\nparse time: %.2f s (%.1f MB/s)\n",
-                files.size(), parsed, files.empty() ? 0.0 : 100.0 * static_cast<double>(parsed) / static_cast<double>(files.size()),
-                files.size() - parsed, bytes, seconds, seconds > 0 ? static_cast<double>(bytes) / 1e6 / seconds : 0.0);
+    const auto percent = [](std::size_t part, std::size_t whole) {
+        return whole == 0 ? 0.0 : 100.0 * static_cast<double>(part) / static_cast<double>(whole);
+    };
+    std::printf("files: %zu\nparsed: %zu (%.1f%%)\nfailed: %zu\nbytes: %zu\nparsed bytes: %zu (%.1f%%)\n"
+                "parse time: %.2f s (%.1f MB/s)\n",
+                files.size(), parsed, percent(parsed, files.size()), files.size() - parsed, bytes, parsedBytes,
+                percent(parsedBytes, bytes), seconds,
+                seconds > 0 ? static_cast<double>(bytes) / 1e6 / seconds : 0.0);
     std::vector<std::pair<std::string, Cause>> sorted(causes.begin(), causes.end());
     std::sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.second.count > b.second.count; });
     std::printf("\nmost frequent causes of failure (first message of a file):\n");
     for (std::size_t i = 0; i < sorted.size() && i < shown; ++i)
         std::printf("%5d  %s\n       e.g. %s\n", sorted[i].second.count, sorted[i].first.c_str(),
                     sorted[i].second.example.c_str());
+    if (listing) {
+        std::printf("\nfailing files (first message):\n");
+        for (const std::string& line : failures)
+            std::printf("%s\n", line.c_str());
+    }
     return 0;
 }

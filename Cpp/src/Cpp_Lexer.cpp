@@ -29,8 +29,12 @@ bool isOneOf(int c, const char* set)
 
 } // namespace
 
-Lexer::Lexer(std::istream& in) : m_input(in, 0, 1, 1, 0)
+Lexer::Lexer(std::istream& in)
+    : m_source(in),
+      m_start(in.rdbuf() ? in.rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::in)
+                         : std::streampos(std::streamoff(-1)))
 {
+    m_input.emplace(in, 0, 1, 1, 0);
     // Fill the process-wide word tables now, once for the process.
     keywordType("new");
     isSplitWord("new");
@@ -40,11 +44,81 @@ Lexer::~Lexer() = default;
 
 void Lexer::dump(std::ostream& out) const
 {
-    out << "line:\t" << m_input.line() << "\tcol:\t" << m_input.col() << "\tlastlinecol:\t"
-        << m_input.buf().lastLineLength() << '\n';
+    out << "line:\t" << m_input->line() << "\tcol:\t" << m_input->col() << "\tlastlinecol:\t"
+        << m_input->buf().lastLineLength() << '\n';
+}
+
+bool Lexer::restart()
+{
+    if (!canRestart() || m_source.rdbuf()->pubseekpos(m_start, std::ios_base::in) != m_start)
+        return false;
+    m_input.reset();
+    m_input.emplace(m_source, 0, 1, 1, 0);
+    m_pending = Trn::Token();
+    m_conditionals.clear();
+    return true;
 }
 
 Trn::Token Lexer::next()
+{
+    if (!m_foldElse)
+        return nextToken();
+    Trn::Token t = nextToken();
+    if (t.type() == PREPROC_DIRECTIVE)
+        return foldConditional(std::move(t));
+    return t;
+}
+
+namespace {
+
+// The directive's name and what follows it, without white space: "#if0",
+// "#else", "#endif".
+std::string directiveWords(const std::string& text)
+{
+    std::string words;
+    for (char c : text)
+        if (c != ' ' && c != '\t' && c != '\r' && c != '\n' && c != '\\')
+            words += c;
+    return words;
+}
+
+} // namespace
+
+Trn::Token Lexer::foldConditional(Trn::Token t)
+{
+    const std::string words = directiveWords(t.text());
+    if (words.starts_with("#if")) {
+        m_conditionals.push_back(words.starts_with("#if0"));
+        return t;
+    }
+    if (words.starts_with("#endif")) {
+        if (!m_conditionals.empty())
+            m_conditionals.pop_back();
+        return t;
+    }
+    if (!(words.starts_with("#else") || words.starts_with("#elif")) || m_conditionals.empty() || m_conditionals.back())
+        return t;
+    // `#else` ... `#endif`: one token; a conditional nested in the branch is
+    // counted, and the end of input ends an unclosed one.
+    m_conditionals.pop_back();
+    Trn::Position end = t.end();
+    for (int depth = 1; depth > 0;) {
+        Trn::Token u = nextToken();
+        if (u.type() == END_OF_FILE)
+            break;
+        end = u.end();
+        if (u.type() != PREPROC_DIRECTIVE)
+            continue;
+        const std::string inner = directiveWords(u.text());
+        if (inner.starts_with("#if"))
+            ++depth;
+        else if (inner.starts_with("#endif"))
+            --depth;
+    }
+    return Trn::Token(PREPROC_DIRECTIVE, t.start(), end, t.text());
+}
+
+Trn::Token Lexer::nextToken()
 {
     // 1. A token read ahead goes first.
     if (m_pending.type() != END_OF_FILE) {

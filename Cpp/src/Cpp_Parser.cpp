@@ -11,7 +11,11 @@
 #include "Varnel_Contract.h"
 #include "Varnel_Text.h"
 
+#include <algorithm>
 #include <cctype>
+#include <iterator>
+#include <memory>
+#include <optional>
 #include <string_view>
 #include <unordered_set>
 
@@ -121,6 +125,10 @@ struct Parser::Gathered {
     bool functionPointer = false;
     // The last token gathered that is neither a comment nor a directive.
     Trn::Token prev;
+    // A macro line without its semicolon: `NS_END` before `}`.
+    bool macroLine = false;
+    // The words between a function's parameters and its body.
+    Trailer trailer;
 
     void append(const Trn::Token& t)
     {
@@ -148,13 +156,110 @@ void Parser::parse(Trn::Lexer& lexer, Trn::SyntaxNode& root, Trn::FormatMessageL
 void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& messages)
 {
     MessagesGuard guard(m_messages, messages);
+    const auto given = static_cast<std::ptrdiff_t>(m_messages.size());
+    const auto dropOwnMessages = [&] { m_messages.erase(std::next(m_messages.begin(), given), m_messages.end()); };
+
+    // 1. The core rules. A text that cannot be read again is read by them only.
+    const bool canReadAgain = lexer.canRestart();
+    RootNode core;
+    if (read(lexer, core, Reading::CORE, canReadAgain) || !lexer.restart()) {
+        root = std::move(core);
+        return;
+    }
+    // 2. The extensions.
+    dropOwnMessages();
+    RootNode extended;
+    if (read(lexer, extended, Reading::EXTENDED, false) || !lexer.restart()) {
+        root = std::move(extended);
+        return;
+    }
+    // 3. The extensions, with the other branches of each conditional folded
+    //    into one directive, for braces that balance only across branches.
+    //    The messages of a text refused even so are those of step 2.
+    Trn::FormatMessageList extendedMessages(std::next(m_messages.begin(), given), m_messages.end());
+    dropOwnMessages();
+    lexer.setFoldingElseBranches(true);
+    RootNode folded;
+    const bool foldedReads = read(lexer, folded, Reading::EXTENDED, true);
+    lexer.setFoldingElseBranches(false);
+    if (foldedReads) {
+        root = std::move(folded);
+        return;
+    }
+    dropOwnMessages();
+    m_messages.insert(m_messages.end(), extendedMessages.begin(), extendedMessages.end());
+    root = std::move(extended);
+    // 4. Most refusals of real code come from a macro used as syntax: name
+    //    the likely one.
+    if (lexer.restart())
+        nameProbableMacro(lexer, std::next(m_messages.begin(), given));
+    // The text is read to its end, as by any reading.
+    while (lexer.next().type() != END_OF_FILE) {
+    }
+}
+
+namespace {
+
+// A word that reads like a macro's name: capitals, digits and underscores,
+// at least three characters of which two are capitals, and not one of the
+// constants that never stand for syntax.
+bool looksLikeMacro(const Trn::Token& t)
+{
+    if (t.type() != IDENTIFIER)
+        return false;
+    const std::string& text = t.text();
+    if (text.size() < 3 || text == "NULL" || text == "TRUE" || text == "FALSE" || text == "EOF")
+        return false;
+    int capitals = 0;
+    for (char c : text) {
+        if (c >= 'A' && c <= 'Z')
+            ++capitals;
+        else if (!(c == '_' || (c >= '0' && c <= '9')))
+            return false;
+    }
+    return capitals >= 2;
+}
+
+} // namespace
+
+void Parser::nameProbableMacro(Lexer& lexer, Trn::FormatMessageList::iterator from)
+{
+    // The first error: `NS_DECL(x) class A`, "Expected ... (is NS_DECL a macro? ...)".
+    auto first = std::find_if(from, m_messages.end(), [](const Trn::FormatMessage& m) {
+        return m.code != 2 && !(m.position == Trn::Position());
+    });
+    // The end of input is no macro's fault: the cause lies further back.
+    if (first == m_messages.end() || first->code == 1)
+        return;
+    const Trn::Position at = first->position;
+    // The last macro-like word at or before the fault, within three lines.
+    std::optional<Trn::Token> word;
+    for (Trn::Token t = lexer.next(); !isEnd(t) && !(at < t.start()); t = lexer.next())
+        if (looksLikeMacro(t))
+            word = t;
+    if (!word || word->start().line + 3 < at.line)
+        return;
+    first->text += probableMacroNote(word->text());
+}
+
+std::string Parser::probableMacroNote(const std::string& word)
+{
+    return " (is " + word + " a macro? Put code that Tidewright cannot read between TIDEWRIGHT-OFF and "
+                            "TIDEWRIGHT-ON comments; see \"When a file does not parse\" in the README)";
+}
+
+bool Parser::read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stopAtFault)
+{
+    const std::size_t before = m_messages.size();
     m_lastPosition = Trn::Position();
     m_nesting = 0;
     m_tooDeep = false;
-    Trn::TokenStream stream(lexer);
-    RootNode local;
-    parseTopLevel(stream, local);
-    root = std::move(local);
+    m_extended = reading != Reading::CORE;
+    m_stopAtFault = stopAtFault;
+    m_faulted = false;
+    Trn::TokenStream stream(tokens);
+    parseTopLevel(stream, root);
+    return onlyMacroNotes(before);
 }
 
 // ---------------------------------------------------------------------------
@@ -162,7 +267,7 @@ void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& message
 
 void Parser::parseTopLevel(Stream& s, RootNode& root)
 {
-    while (!m_tooDeep) {
+    while (!stopping()) {
         const Trn::Token t = s.peek(1);
         if (t.type() == END_OF_FILE)
             return;
@@ -184,6 +289,13 @@ void Parser::topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t)
     // Code fragments at file level: `{ x = 1; }`
     case LBRACE: root.add(parseBlock(s)); return;
     case NAMESPACE_KEY: root.add(parseNamespace(s)); return;
+    // With the extensions: `inline namespace v1 {`
+    case INLINE_KEY:
+        if (m_extended && nextSignificant(s, 2).type() == NAMESPACE_KEY) {
+            root.add(parseNamespace(s));
+            return;
+        }
+        break;
     // `using namespace std;` stays text between nodes.
     case USING_KEY: skipTo(s, SEMICOLON); return;
     case TEMPLATE_KEY: root.add(parseTemplate(s)); return;
@@ -213,6 +325,10 @@ void Parser::topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t)
     }
     // The macro-block form: `BEGIN_MAP { ... }`
     if (t.type() == IDENTIFIER && nextSignificant(s, 2).type() == LBRACE) {
+        if (m_extended) {
+            parseMacroScope(s, root);
+            return;
+        }
         const Trn::Token name = get(s);
         root.add(new ExprNode(name.start(), name.end()));
         root.add(parseBlock(s));
@@ -225,6 +341,45 @@ void Parser::topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t)
         return;
     }
     addWithSemicolon(s, root, declaration, isTypeBody);
+}
+
+// A name followed by braces, with the extensions: read as the macro-block
+// form when the braces hold statements, `BEGIN_MAP { ENTRY(1) }`, and
+// otherwise as a scope of declarations that the macro opens, like a namespace:
+// `TOML_NAMESPACE_START { class A; }`.
+void Parser::parseMacroScope(Stream& s, InteriorNode& node)
+{
+    const Trn::Token name = get(s);
+    skipDiscardable(s);
+    TokenList braces{get(s)};
+    if (!gatherBalanced(s, braces, LBRACE, RBRACE, 1))
+        return;
+    const std::size_t before = m_messages.size();
+    {
+        Stream statements(braces);
+        std::unique_ptr<BlockNode> block(parseBlock(statements));
+        const bool allRead = peekAt(statements, 1).type() == END_OF_FILE;
+        if (block && allRead && onlyMacroNotes(before)) {
+            node.add(new ExprNode(name.start(), name.end()));
+            node.add(block.release());
+            return;
+        }
+    }
+    if (m_tooDeep)
+        return;
+    m_messages.resize(before);
+    Stream declarations(braces);
+    NamespaceBodyNode* body = parseNamespaceBody(declarations);
+    if (!body)
+        return;
+    node.add(new NamespaceDeclNode(new NamespaceHeadNode(name.text(), name.start(), name.end()), body));
+}
+
+// Whether the messages since the first `count` are all code 2.
+bool Parser::onlyMacroNotes(std::size_t count) const
+{
+    return std::none_of(std::next(m_messages.begin(), static_cast<std::ptrdiff_t>(count)), m_messages.end(),
+                        [](const Trn::FormatMessage& m) { return m.code != 2; });
 }
 
 void Parser::addWithSemicolon(Stream& s, InteriorNode& node, SyntaxNode* declaration, bool isTypeBody)
@@ -242,7 +397,7 @@ SyntaxNode* Parser::parseDeclaration(Stream& s, bool& isTypeBody, bool bitFields
 {
     isTypeBody = false;
     NestingGuard nesting(*this, s.peek(1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     Gathered g;
     if (!classifyDeclaration(s, g))
@@ -253,13 +408,18 @@ SyntaxNode* Parser::parseDeclaration(Stream& s, bool& isTypeBody, bool bitFields
     case DeclKind::FUNCTION: {
         bool stoppedAtComma = false;
         gatherFunctionRest(s, g, stoppedAtComma);
-        FunctionDeclNode* function = parseFunction(g.tokens, s);
+        FunctionDeclNode* function = parseFunction(g.tokens, s, g.trailer);
         // `int f(), g();` gives two items: the comma between them is dropped.
         if (stoppedAtComma)
             get(s);
         return function;
     }
     case DeclKind::DATA: {
+        // The tree `NS_END;` would have.
+        if (g.macroLine) {
+            const Trn::Token& name = g.prev;
+            return new DataDeclNode(nullptr, new IdNode(name.text(), name.start(), name.end()), nullptr);
+        }
         gatherDataRest(s, g);
         Stream list(g.tokens);
         if (g.functionPointer)
@@ -294,10 +454,14 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
     bool seenEnum = false;
     bool seenColon = false;
     bool seenOperatorParen = false;
+    bool seenClassKey = false;
+    int words = 0; // tokens other than comments and directives
     for (;;) {
         const Trn::Token t = get(s);
         const std::int32_t prev = g.prev.type();
         g.tokens.push_back(t);
+        if (!isDiscardable(t))
+            ++words;
         switch (t.type()) {
         // `int x;` `foo;`
         case SEMICOLON:
@@ -309,6 +473,24 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
         case LPAREN:
             if (angle != 0)
                 break; // `A<f(x)>`
+            // With the extensions, a class key inside a macro's parentheses
+            // heads a class: `ALIGNED16(class) A : public B { };`
+            if (m_extended && prev == IDENTIFIER && !seenClassKey && isClassKey(peekAt(s, 1).type())
+                && peekAt(s, 2).type() == RPAREN) {
+                g.tokens.push_back(get(s));
+                g.tokens.push_back(get(s));
+                g.prev = g.tokens.back();
+                seenClassKey = true;
+                continue;
+            }
+            // With the extensions, parentheses in a class's base clauses:
+            // `struct A : decltype(f(x)) {`
+            if (m_extended && seenClassKey && seenColon) {
+                if (!gatherBalanced(s, g.tokens, LPAREN, RPAREN, 1))
+                    return false;
+                g.prev = g.tokens.back();
+                continue;
+            }
             // The first "(" of `operator()`.
             if (seenOperator && prev == OPERATOR_KEY && !seenOperatorParen) {
                 seenOperatorParen = true;
@@ -325,6 +507,15 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             return true;
         // `class A {`, `enum E {`, `typedef enum {`
         case LBRACE:
+            // With the extensions, a brace initialiser: `int x{0};`
+            if (m_extended && !seenEnum && !seenClassKey && !seenColon && words > 2
+                && (prev == IDENTIFIER || prev == RBRACKET)) {
+                g.prev = t;
+                if (!gatherBalanced(s, g.tokens, LBRACE, RBRACE, 1))
+                    return false;
+                g.kind = DeclKind::DATA;
+                return true;
+            }
             g.kind = seenEnum ? DeclKind::ENUM : DeclKind::CLASS;
             g.prev = t;
             return true;
@@ -348,6 +539,11 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             if (prev != OPERATOR_KEY && angle > 0)
                 --angle;
             break;
+        // With the extensions, `>>` closes two template argument lists.
+        case RIGHT_SHIFT:
+            if (closesTwoAngles(prev, angle))
+                angle -= 2;
+            break;
         case PUBLIC_KEY:
         case PRIVATE_KEY:
         case PROTECTED_KEY:
@@ -360,6 +556,9 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             }
             break;
         case ENUM_KEY: seenEnum = true; break;
+        case CLASS_KEY:
+        case STRUCT_KEY:
+        case UNION_KEY: seenClassKey = true; break;
         case OPERATOR_KEY: seenOperator = true; break;
         // `class __declspec(dllexport) A`: its parentheses decide nothing.
         case IDENTIFIER:
@@ -368,6 +567,13 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
                     return false;
                 g.prev = g.tokens.back();
                 continue;
+            }
+            // `NS_END }`, `G_END_DECLS` at the end of the text.
+            if (m_extended && prev == END_OF_FILE && endsMacroLine(s, t)) {
+                g.kind = DeclKind::DATA;
+                g.macroLine = true;
+                g.prev = t;
+                return true;
             }
             break;
         case END_OF_FILE:
@@ -401,6 +607,101 @@ bool Parser::classifyBracket(Stream& s, Gathered& g)
     return true;
 }
 
+// Whether what follows ends a macro line that has no semicolon: a directive
+// on the next line, the end of the text, the "}" of the enclosing body, or the
+// next declaration beginning with `namespace`, `inline namespace`, `using` or
+// `extern`.
+bool Parser::endsMacroLine(Stream& s, const Trn::Token& word)
+{
+    // `DOCTEST_..._BEGIN` with `#include <string>` on the next line.
+    if (peekAt(s, 1).type() == PREPROC_DIRECTIVE)
+        return true;
+    switch (nextSignificant(s).type()) {
+    case END_OF_FILE:
+    case RBRACE:
+    case NAMESPACE_KEY:
+    case USING_KEY:
+    case EXTERN_KEY: return true;
+    default: break;
+    }
+    if (startsInlineNamespace(s))
+        return true;
+    // Lines of one name each, the last of them ending as above:
+    // `G_GNUC_END_IGNORE_DEPRECATIONS` / `G_END_DECLS` / `#endif`. The look
+    // ahead stays within the main stream's window.
+    Trn::Token previous = word;
+    std::int32_t k = 1;
+    for (int lines = 0; lines < 3; ++lines) {
+        while (isComment(peekAt(s, k)))
+            ++k;
+        const Trn::Token name = peekAt(s, k);
+        if (name.type() != IDENTIFIER || name.start().line <= previous.end().line)
+            return false;
+        std::int32_t after = k + 1;
+        while (isComment(peekAt(s, after)))
+            ++after;
+        const Trn::Token next = peekAt(s, after);
+        if (next.type() != END_OF_FILE && next.start().line <= name.end().line)
+            return false;
+        switch (next.type()) {
+        case PREPROC_DIRECTIVE:
+        case END_OF_FILE:
+        case RBRACE:
+        case NAMESPACE_KEY:
+        case USING_KEY:
+        case EXTERN_KEY: return true;
+        default: break;
+        }
+        previous = name;
+        k = after;
+    }
+    return false;
+}
+
+// `inline namespace v1 {` ahead.
+bool Parser::startsInlineNamespace(Stream& s)
+{
+    std::int32_t n = 1;
+    while (isDiscardable(peekAt(s, n)))
+        ++n;
+    if (peekAt(s, n).type() != INLINE_KEY)
+        return false;
+    return nextSignificant(s, n + 1).type() == NAMESPACE_KEY;
+}
+
+std::int32_t Parser::balancedGroupEnd(Stream& s, std::int32_t open)
+{
+    const std::int32_t opening = peekAt(s, open).type();
+    const std::int32_t closing = opening == LPAREN ? RPAREN : RBRACKET;
+    int depth = 0;
+    for (std::int32_t n = open;; ++n) {
+        const std::int32_t type = peekAt(s, n).type();
+        if (type == END_OF_FILE)
+            return 0;
+        if (type == opening)
+            ++depth;
+        else if (type == closing && --depth == 0)
+            return n;
+    }
+}
+
+// Braces ahead that close before a ",", a "." (of "...") or a "{".
+bool Parser::bracedArgumentsAhead(Stream& s)
+{
+    int depth = 0;
+    for (std::int32_t n = 1;; ++n) {
+        const std::int32_t type = peekAt(s, n).type();
+        if (type == END_OF_FILE)
+            return false;
+        if (type == LBRACE) {
+            ++depth;
+        } else if (type == RBRACE && --depth == 0) {
+            const std::int32_t next = nextSignificant(s, n + 1).type();
+            return next == COMMA || next == DOT || next == LBRACE;
+        }
+    }
+}
+
 // Gathers tokens through the first one of `type`.
 bool Parser::gatherThrough(Stream& s, Gathered& g, std::int32_t type)
 {
@@ -427,8 +728,18 @@ bool Parser::gatherFunctionHead(Stream& s, Gathered& g)
     if (!gatherBalanced(s, g.tokens, LPAREN, RPAREN, 1))
         return false;
     g.prev = g.tokens.back();
+    bool seenThrow = false;
     for (;;) {
         const Trn::Token t = get(s);
+        // With the extensions: `const override {`, `noexcept -> int {`
+        if (m_extended && !seenThrow && g.trailer.first == 0
+            && ((t.type() == IDENTIFIER && !isInterruptWord(t)) || t.type() == AMPERSAND || t.type() == LOGICAL_AND
+                || t.type() == ARROW)) {
+            s.unget();
+            if (gatherTrailer(s, g))
+                continue;
+            get(s);
+        }
         switch (t.type()) {
         case PREPROC_DIRECTIVE:
         case LINE_COMMENT:
@@ -444,6 +755,7 @@ bool Parser::gatherFunctionHead(Stream& s, Gathered& g)
         case CONST_KEY:
         case VOLATILE_KEY: g.append(t); continue;
         case THROW_KEY: {
+            seenThrow = true;
             g.append(t);
             const Trn::Token open = get(s);
             if (open.type() != LPAREN) {
@@ -471,13 +783,54 @@ bool Parser::gatherFunctionHead(Stream& s, Gathered& g)
     }
 }
 
+// The words between a function's parameter list and its body, when the
+// tokens ahead are such a run (see trailerLength): gathered, and their place
+// noted in g.trailer.
+bool Parser::gatherTrailer(Stream& s, Gathered& g)
+{
+    const std::int32_t length = trailerLength(s);
+    if (length == 0)
+        return false;
+    for (std::int32_t i = 0; i < length; ++i) {
+        const Trn::Token t = get(s);
+        g.append(t);
+        if (isDiscardable(t))
+            continue;
+        if (g.trailer.first == 0)
+            g.trailer.first = g.tokens.size();
+        g.trailer.last = g.tokens.size();
+    }
+    return true;
+}
+
 // The member initialisers up to the body's "{", which stays in the stream.
+// With the extensions an initialiser's arguments may stand in braces,
+// `A() : x{1}, Base<T>{2} {`: a "{" right behind an initialiser's name opens
+// its arguments when a "," , "..." or the body's "{" follows its "}"; any
+// other "{" is the body.
 bool Parser::gatherInitializers(Stream& s, Gathered& g)
 {
+    bool afterName = false;
     for (;;) {
         const Trn::Token t = peekAt(s, 1);
+        if (t.type() == LBRACE && m_extended && afterName && bracedArgumentsAhead(s)) {
+            g.append(get(s));
+            if (!gatherBalanced(s, g.tokens, LBRACE, RBRACE, 1))
+                return false;
+            afterName = false;
+            continue;
+        }
         if (t.type() == LBRACE)
             return true;
+        if (t.type() == LPAREN && m_extended) {
+            g.append(get(s));
+            if (!gatherBalanced(s, g.tokens, LPAREN, RPAREN, 1))
+                return false;
+            afterName = false;
+            continue;
+        }
+        if (!isDiscardable(t))
+            afterName = t.type() == IDENTIFIER || t.type() == GREATER_THAN || t.type() == RIGHT_SHIFT;
         if (t.type() == PREPROC_DIRECTIVE) {
             delete parseDirective(s);
             continue;
@@ -532,9 +885,10 @@ void Parser::gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma)
             }
             break;
         case EQUALS: {
-            // `virtual void f() = 0;` keeps its pure specifier.
+            // `virtual void f() = 0;` keeps its pure specifier, and with the
+            // extensions `A() = default;` and `A(const A&) = delete;` theirs.
             const Trn::Token next = peekAt(s, 1);
-            if (next.type() == NUMBER_LITERAL && next.text() == "0") {
+            if (isPureSpecifier(next)) {
                 g.tokens.push_back(get(s));
                 g.prev = next;
                 continue;
@@ -555,15 +909,41 @@ void Parser::gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma)
     }
 }
 
+// What may follow the "=" behind a function's head: `0`, and with the
+// extensions `default` and `delete`.
+bool Parser::isPureSpecifier(const Trn::Token& t) const
+{
+    if (t.type() == NUMBER_LITERAL && t.text() == "0")
+        return true;
+    return m_extended && (t.type() == DEFAULT_KEY || t.type() == DELETE_KEY);
+}
+
 // Phase 3 of data: the tokens up to a ";", an access keyword or the end of
-// input, with comments and directives taken out between them. The list ends
+// input, with comments and directives taken out between them (outside
+// braces, with the extensions). The list ends
 // with a copy of the token that stopped it, which stays in the stream: the
 // declaration's node then reaches its semicolon, as a statement's does.
 void Parser::gatherDataRest(Stream& s, Gathered& g)
 {
+    int braces = 0;
     for (;;) {
         skipDiscardable(s);
         const Trn::Token t = peekAt(s, 1);
+        // With the extensions, braces are counted: a ";" inside them, as in a
+        // lambda's body, ends nothing, and a "}" of the enclosing body ends
+        // the declaration, which then has no semicolon.
+        if (m_extended) {
+            if (t.type() == LBRACE) {
+                ++braces;
+            } else if (t.type() == RBRACE) {
+                if (braces == 0)
+                    return;
+                --braces;
+            } else if (braces > 0 && !isEnd(t)) {
+                g.tokens.push_back(get(s));
+                continue;
+            }
+        }
         if (t.type() == SEMICOLON || isAccessKey(t.type()) || isEnd(t)) {
             g.tokens.push_back(t);
             return;
@@ -786,18 +1166,29 @@ bool Parser::gatherUntil(Stream& s, TokenList& list, std::int32_t type)
 void Parser::gatherStatement(Stream& s, TokenList& list)
 {
     int depth = 0;
+    // With the extensions, semicolons inside braces end nothing:
+    // `auto f = [](int x) { return x; };`
+    int braces = 0;
     for (;;) {
         const Trn::Token t = get(s);
         list.push_back(t);
         switch (t.type()) {
         case SEMICOLON:
-            if (depth == 0)
+            if (depth == 0 && braces == 0)
                 return;
             break;
         case LPAREN: ++depth; break;
         case RPAREN:
             if (depth > 0)
                 --depth;
+            break;
+        case LBRACE:
+            if (m_extended)
+                ++braces;
+            break;
+        case RBRACE:
+            if (braces > 0)
+                --braces;
             break;
         case PUBLIC_KEY:
         case PRIVATE_KEY:
@@ -845,23 +1236,28 @@ void Parser::report(std::int32_t code, const Trn::Token& at)
     report(code, placeOf(at));
 }
 
-// Once nesting has gone too deep the parse only unwinds: what the routines
-// on the way out would report follows from that one fault and is not told.
+// Once nesting has gone too deep, or a reading that stops at its first fault
+// has one, the parse only unwinds: what the routines on the way out would
+// report follows from that one fault and is not told.
 void Parser::report(std::int32_t code, const Trn::Position& at)
 {
-    if (!m_tooDeep)
-        m_messages.push_back(Trn::FormatMessage::coded(code, at));
+    if (stopping())
+        return;
+    m_messages.push_back(Trn::FormatMessage::coded(code, at));
+    m_faulted = m_stopAtFault && code != 2;
 }
 
 void Parser::compose(const std::string& text, const Trn::Token& at)
 {
-    if (!m_tooDeep)
-        m_messages.push_back(Trn::FormatMessage::composed(text, placeOf(at)));
+    if (stopping())
+        return;
+    m_messages.push_back(Trn::FormatMessage::composed(text, placeOf(at)));
+    m_faulted = m_stopAtFault;
 }
 
 void Parser::reportTooDeep(const Trn::Token& at)
 {
-    if (m_tooDeep)
+    if (stopping())
         return;
     m_messages.push_back(Trn::FormatMessage::composed(tooDeepText(), placeOf(at)));
     m_tooDeep = true;

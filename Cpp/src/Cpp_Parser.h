@@ -22,6 +22,16 @@
 //  4. Every loop consumes at least one token per turn, and nesting deeper than
 //     MAX_NESTING constructs ends the parse with one message saying so, so
 //     that no input makes it hang or exhaust the stack.
+//  5. A text is read first by the core rules. Only a text they refuse is read
+//     again, from its start, with the extensions for real-world code (macro
+//     lines without a semicolon, C++11 and later syntax; see `m_extended`).
+//     So a text the core rules accept always keeps exactly the tree they give
+//     it. A text the extensions refuse too is read a third time with them,
+//     over a lexer that folds the other branches of each conditional into one
+//     directive (`#else` ... `#endif`), for braces that balance only across
+//     branches. The messages of a text refused by every reading are those of
+//     the second reading. A reading that will be repeated stops at its first
+//     fault.
 //
 // The routines are split over several files by construct family:
 // Cpp_Parser.cpp (core, top level), Cpp_Parser_Classes.cpp (classes, enums,
@@ -31,6 +41,7 @@
 #define CPP_PARSER_H
 
 #include "Trn_FormatMessage.h"
+#include "Cpp_TokenType.h"
 #include "Trn_Parser.h"
 #include "Trn_Token.h"
 
@@ -102,22 +113,58 @@ private:
     using Stream = Trn::TokenStream;
     using TokenList = std::vector<Trn::Token>;
     class NestingGuard;
+    class InnerBraces;
 
     // What parseDeclaration found.
     enum class DeclKind { DATA, FUNCTION, CLASS, ENUM };
 
+    // Where the words between a function's parameter list and its body lie in
+    // its gathered head, `f() const override {`: indices counted from 1, as
+    // peek(n) counts them; `first` is 0 when there are none.
+    struct Trailer {
+        std::size_t first = 0;
+        std::size_t last = 0;
+    };
+
     // --- core and top level (Cpp_Parser.cpp) ---
+    // How a text is read: by the core rules, or with the extensions.
+    enum class Reading { CORE, EXTENDED };
+    // One reading of the whole text; true when it left no message but code 2.
+    // `stopAtFault` ends the reading at its first fault.
+    bool read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stopAtFault);
+    // With the extensions, a `>>` behind `previous` (a token type) at angle
+    // depth `angle` closes two template argument lists: `A<B<C>>`.
+    bool closesTwoAngles(std::int32_t previous, int angle) const
+    {
+        return m_extended && angle >= 2 && previous != OPERATOR_KEY;
+    }
+    // Appends to the first error from `from` on the note that names the last
+    // word before it that reads like a macro, when there is one near it;
+    // `lexer` reads the text from its start.
+    void nameProbableMacro(Lexer& lexer, Trn::FormatMessageList::iterator from);
+    // " (is FOO a macro? ...)"
+    static std::string probableMacroNote(const std::string& word);
+    // Whether the routines should unwind: nesting went too deep, or a reading
+    // that stops at its first fault has one.
+    bool stopping() const { return m_tooDeep || m_faulted; }
     struct Gathered;
     void parseTopLevel(Stream& s, RootNode& root);
     void topLevelTurn(Stream& s, RootNode& root, const Trn::Token& t);
     SyntaxNode* parseDeclaration(Stream& s, bool& isTypeBody, bool bitFieldsAllowed = false);
     bool classifyDeclaration(Stream& s, Gathered& g);
     bool classifyBracket(Stream& s, Gathered& g);
+    bool endsMacroLine(Stream& s, const Trn::Token& word);
+    bool startsInlineNamespace(Stream& s);
+    void parseMacroScope(Stream& s, InteriorNode& node);
+    bool onlyMacroNotes(std::size_t count) const;
     bool gatherThrough(Stream& s, Gathered& g, std::int32_t type);
     bool gatherFunctionHead(Stream& s, Gathered& g);
     bool gatherInitializers(Stream& s, Gathered& g);
+    bool gatherTrailer(Stream& s, Gathered& g);
+    bool bracedArgumentsAhead(Stream& s);
     void gatherInterruptTail(Stream& s, Gathered& g);
     void gatherFunctionRest(Stream& s, Gathered& g, bool& stoppedAtComma);
+    bool isPureSpecifier(const Trn::Token& t) const;
     void gatherDataRest(Stream& s, Gathered& g);
     bool gatherBody(Stream& s, Gathered& g);
     PreprocDirectiveNode* parseDirective(Stream& s);
@@ -167,6 +214,10 @@ private:
     EnumBodyNode* parseEnumBody(Stream& s);
     NamespaceDeclNode* parseNamespace(Stream& s);
     NamespaceHeadNode* parseNamespaceHead(Stream& s);
+    NamespaceHeadNode* parseExtendedNamespaceHead(Stream& s, const Trn::Token& keyword);
+    // The peek index of the ")" or "]" that closes the "(" or "[" at peek
+    // index `open`, counting only that kind; 0 at the end of input.
+    std::int32_t balancedGroupEnd(Stream& s, std::int32_t open);
     NamespaceBodyNode* parseNamespaceBody(Stream& s);
     SyntaxNode* parseTemplate(Stream& s);
     SyntaxNode* parseExtern(Stream& s);
@@ -183,8 +234,12 @@ private:
     List* parseCommaList(Stream& s, Item* (Parser::*parseItem)(Stream&));
 
     // --- functions and parameters (Cpp_Parser_Functions.cpp) ---
-    FunctionDeclNode* parseFunction(const TokenList& head, Stream& main);
-    FunctionHeadNode* parseFunctionHead(const TokenList& list, Stream& head);
+    FunctionDeclNode* parseFunction(const TokenList& head, Stream& main, const Trailer& trailer);
+    FunctionHeadNode* parseFunctionHead(const TokenList& list, Stream& head, const Trailer& trailer);
+    std::int32_t trailerLength(Stream& s);
+    std::int32_t balancedEnd(Stream& s, std::int32_t open);
+    bool initializerAhead(Stream& s, std::int32_t n);
+    bool specifierAhead(Stream& s, std::int32_t n);
     struct FunctionName;
     bool findFunctionName(const TokenList& list, std::size_t parenIndex, FunctionName& name);
     bool findOperatorName(const TokenList& list, FunctionName& name);
@@ -194,7 +249,7 @@ private:
     ParameterListNode* parseParameterList(Stream& s, bool templateMode);
     InitializerListNode* parseInitializerList(Stream& s);
     InitializerNode* parseInitializer(Stream& s);
-    TextNode* parseQualifiers(Stream& s);
+    TextNode* parseQualifiers(Stream& s, const Trailer& trailer);
 
     // --- data declarations (Cpp_Parser_Data.cpp) ---
     DataDeclNode* parseDataDeclaration(Stream& s, bool bitFieldsAllowed);
@@ -212,6 +267,8 @@ private:
     CtrlSubStmtNode* parseElsePart(Stream& s);
     static bool isElseIf(const CtrlSubStmtNode& part);
     CtrlSubStmtHeadNode* parseHead(Stream& s);
+    bool opensBracesInHead(const Trn::Token& previous, bool arrow) const;
+    bool skipBraces(Stream& s, const Trn::Token& open);
     CaseNode* parseCase(Stream& s);
     LabelNode* parseLabel(Stream& s);
     AsmNode* parseAsm(Stream& s);
@@ -220,6 +277,11 @@ private:
     Trn::Position m_lastPosition; // of the last real token taken, for messages at end of input
     int m_nesting = 0;
     bool m_tooDeep = false;
+    // The extensions for real-world code are on (a reading after the core one).
+    bool m_extended = false;
+    // The reading ends at its first message other than code 2, and has one.
+    bool m_stopAtFault = false;
+    bool m_faulted = false;
 };
 
 // Word tests of the parser's own vocabulary.

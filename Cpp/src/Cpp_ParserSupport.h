@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Cpp::ParserSupport {
@@ -42,9 +43,21 @@ inline bool isBuiltInType(std::int32_t type)
     return type >= FIRST_TYPE_KEYWORD && type <= LAST_TYPE_KEYWORD;
 }
 
+inline bool isClassKey(std::int32_t type)
+{
+    return type == CLASS_KEY || type == STRUCT_KEY || type == UNION_KEY;
+}
+
 inline bool isEnd(const Trn::Token& t)
 {
     return t.type() == END_OF_FILE || t.type() == INVALID_TOKEN;
+}
+
+// An identifier that reads `word`: `constexpr`, `noexcept`, which the lexer
+// knows as names.
+inline bool isWord(const Trn::Token& t, std::string_view word)
+{
+    return t.type() == IDENTIFIER && t.text() == word;
 }
 
 // The words of a comment: the text without delimiters, trimmed.
@@ -79,7 +92,7 @@ public:
     NestingGuard(const NestingGuard&) = delete;
     NestingGuard& operator=(const NestingGuard&) = delete;
 
-    bool tooDeep() const { return m_parser.m_tooDeep; }
+    bool stopping() const { return m_parser.stopping(); }
 
 private:
     Parser& m_parser;

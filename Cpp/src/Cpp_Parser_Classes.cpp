@@ -78,6 +78,10 @@ void Parser::joinHead(Stream& s, HeadText& head, bool enumHead)
             if (angle > 0)
                 --angle;
             break;
+        case RIGHT_SHIFT:
+            if (closesTwoAngles(INVALID_TOKEN, angle))
+                angle -= 2;
+            break;
         case CLASS_KEY:
         case STRUCT_KEY:
         case UNION_KEY:
@@ -186,9 +190,12 @@ BaseClauseNode* Parser::parseBaseClause(Stream& s)
             mark(t);
             continue;
         // Template arguments, commas and all, to the balancing ">".
+        // With the extensions, a comparison in parentheses closes nothing:
+        // `__bool_constant<(N > 0)>`.
         case LESS_THAN: {
             pieces.push_back(t);
             mark(t);
+            int paren = 0;
             for (int depth = 1; depth > 0;) {
                 const Trn::Token u = get(s);
                 if (isEnd(u)) {
@@ -197,13 +204,43 @@ BaseClauseNode* Parser::parseBaseClause(Stream& s)
                 }
                 pieces.push_back(u);
                 mark(u);
-                if (u.type() == LESS_THAN)
+                if (m_extended && u.type() == LPAREN)
+                    ++paren;
+                else if (m_extended && u.type() == RPAREN && paren > 0)
+                    --paren;
+                else if (paren > 0)
+                    continue;
+                else if (u.type() == LESS_THAN)
                     ++depth;
                 else if (u.type() == GREATER_THAN)
                     --depth;
+                else if (u.type() == RIGHT_SHIFT && closesTwoAngles(INVALID_TOKEN, depth))
+                    depth -= 2;
             }
             continue;
         }
+        // With the extensions, a pack expansion behind a base, `: T...`, and
+        // a base in parentheses, `: decltype(f(x))`.
+        case DOT:
+            if (m_extended && !pieces.empty() && peekAt(s, 1).type() == DOT && peekAt(s, 2).type() == DOT) {
+                pieces.push_back(t);
+                for (int i = 0; i < 2; ++i)
+                    pieces.push_back(get(s));
+                mark(pieces.back());
+                continue;
+            }
+            compose("Unexpected Token: \"" + t.text() + "\"", t);
+            return nullptr;
+        case LPAREN:
+            if (m_extended && !pieces.empty()) {
+                pieces.push_back(t);
+                if (!gatherBalanced(s, pieces, LPAREN, RPAREN, 1))
+                    return nullptr;
+                mark(pieces.back());
+                continue;
+            }
+            compose("Unexpected Token: \"" + t.text() + "\"", t);
+            return nullptr;
         case COMMA:
         case LBRACE:
             s.unget();
@@ -230,7 +267,7 @@ ClassBodyNode* Parser::parseClassBody(Stream& s)
     body->setBegin(open.start());
     collectDiscardable(s, *body);
     int depth = 1;
-    while (!m_tooDeep) {
+    while (!stopping()) {
         collectDiscardable(s, *body);
         const Trn::Token t = peekAt(s, 1);
         switch (t.type()) {
@@ -423,9 +460,15 @@ EnumBodyNode* Parser::parseEnumBody(Stream& s)
 NamespaceDeclNode* Parser::parseNamespace(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     skipDiscardable(s);
+    // With the extensions: `inline namespace v1 {`
+    Trn::Token inlineKey;
+    if (m_extended && peekAt(s, 1).type() == INLINE_KEY) {
+        inlineKey = get(s);
+        skipDiscardable(s);
+    }
     const Trn::Token keyword = get(s);
     if (keyword.type() != NAMESPACE_KEY) {
         s.unget();
@@ -439,6 +482,8 @@ NamespaceDeclNode* Parser::parseNamespace(Stream& s)
     }
     s.unget();
     std::unique_ptr<NamespaceHeadNode> head(parseNamespaceHead(s));
+    if (inlineKey.type() == INLINE_KEY)
+        head->setBegin(inlineKey.start());
     skipDiscardable(s);
     NamespaceBodyNode* body = parseNamespaceBody(s);
     if (!body)
@@ -449,10 +494,39 @@ NamespaceDeclNode* Parser::parseNamespace(Stream& s)
 NamespaceHeadNode* Parser::parseNamespaceHead(Stream& s)
 {
     const Trn::Token keyword = get(s);
+    if (m_extended)
+        return parseExtendedNamespaceHead(s, keyword);
     if (peekAt(s, 1).type() != IDENTIFIER)
         return new NamespaceHeadNode(std::string(), keyword.start(), keyword.end());
     const Trn::Token name = get(s);
     return new NamespaceHeadNode(name.text(), keyword.start(), name.end());
+}
+
+// With the extensions, the words up to the "{" behind `namespace` join the
+// name, each with its parentheses or brackets: `namespace std
+// _GLIBCXX_VISIBILITY(default)`, `namespace [[deprecated]] old`.
+NamespaceHeadNode* Parser::parseExtendedNamespaceHead(Stream& s, const Trn::Token& keyword)
+{
+    TokenList words;
+    for (;;) {
+        const std::int32_t type = peekAt(s, 1).type();
+        if (type == IDENTIFIER) {
+            words.push_back(get(s));
+            continue;
+        }
+        if (type == LPAREN || type == LBRACKET) {
+            const std::int32_t close = balancedGroupEnd(s, 1);
+            if (close == 0)
+                break;
+            for (std::int32_t i = 0; i < close; ++i)
+                words.push_back(get(s));
+            continue;
+        }
+        break;
+    }
+    if (words.empty())
+        return new NamespaceHeadNode(std::string(), keyword.start(), keyword.end());
+    return new NamespaceHeadNode(joinTexts(words, 0, words.size() - 1), keyword.start(), words.back().end());
 }
 
 // The rows that namespace and linkage bodies share. `depth` counts the open
@@ -473,11 +547,27 @@ Parser::BodyTurn Parser::declarationBodyTurn(Stream& s, InteriorNode& body, cons
         }
         break;
     case NAMESPACE_KEY: parseNestedNamespace(s, body); break;
+    // With the extensions: `inline namespace v1 {`
+    case INLINE_KEY:
+        if (m_extended && nextSignificant(s, 2).type() == NAMESPACE_KEY) {
+            body.add(parseNamespace(s));
+            break;
+        }
+        if (!parseMemberDeclaration(s, body, false))
+            return BodyTurn::FAILED;
+        break;
     case USING_KEY: skipToCollecting(s, body, SEMICOLON); break;
     case TEMPLATE_KEY: body.add(parseTemplate(s)); break;
     case EXTERN_KEY: body.add(parseExtern(s)); break;
     case END_OF_FILE:
     case INVALID_TOKEN: report(1, t); return BodyTurn::FAILED;
+    // With the extensions, a scope opened by a macro: `NS_START {`
+    case IDENTIFIER:
+        if (m_extended && nextSignificant(s, 2).type() == LBRACE) {
+            parseMacroScope(s, body);
+            break;
+        }
+        [[fallthrough]];
     default:
         if (!parseMemberDeclaration(s, body, false))
             return BodyTurn::FAILED;
@@ -497,7 +587,7 @@ NamespaceBodyNode* Parser::parseNamespaceBody(Stream& s)
     auto body = std::make_unique<NamespaceBodyNode>();
     body->setBegin(open.start());
     int depth = 1;
-    while (!m_tooDeep) {
+    while (!stopping()) {
         collectDiscardable(s, *body);
         const Trn::Token t = peekAt(s, 1);
         const BodyTurn turn = declarationBodyTurn(s, *body, t, depth);
@@ -590,7 +680,7 @@ SyntaxNode* Parser::parseExtern(Stream& s)
 LinkageBlockNode* Parser::parseLinkageBlock(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     skipDiscardable(s);
     const Trn::Token keyword = get(s);
@@ -627,7 +717,7 @@ LinkageBlockBodyNode* Parser::parseLinkageBody(Stream& s)
     auto body = std::make_unique<LinkageBlockBodyNode>();
     body->setBegin(open.start());
     int depth = 1;
-    while (!m_tooDeep) {
+    while (!stopping()) {
         collectDiscardable(s, *body);
         const Trn::Token t = peekAt(s, 1);
         const std::int32_t type = t.type();

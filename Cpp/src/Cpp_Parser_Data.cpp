@@ -43,8 +43,9 @@ std::string normalisedText(const std::vector<Trn::Token>& tokens, std::size_t fi
 }
 
 // The first comma outside parentheses, braces, brackets and angle brackets:
-// the end of the first declarator. -1 when there is none.
-long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens)
+// the end of the first declarator. -1 when there is none. With `extended`, a
+// ">>" closes two angle brackets when two are open.
+long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens, bool extended)
 {
     int paren = 0;
     int brace = 0;
@@ -64,6 +65,10 @@ long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens)
         case RBRACKET: down(bracket); break;
         case LESS_THAN: ++angle; break;
         case GREATER_THAN: down(angle); break;
+        case RIGHT_SHIFT:
+            if (extended && angle >= 2)
+                angle -= 2;
+            break;
         case COMMA:
             if (paren == 0 && brace == 0 && bracket == 0 && angle == 0)
                 return static_cast<long>(i);
@@ -75,8 +80,9 @@ long firstDeclaratorEnd(const std::vector<Trn::Token>& tokens)
 }
 
 // Searching back from `from` (exclusive): the first IDENTIFIER outside
-// brackets and angle brackets. -1 when there is none.
-long findName(const std::vector<Trn::Token>& tokens, long from)
+// brackets and angle brackets. -1 when there is none. With `extended`, a ">>"
+// closes two angle brackets.
+long findName(const std::vector<Trn::Token>& tokens, long from, bool extended)
 {
     int bracket = 0;
     int angle = 0;
@@ -85,6 +91,10 @@ long findName(const std::vector<Trn::Token>& tokens, long from)
         case RBRACKET: ++bracket; break;
         case LBRACKET: --bracket; break;
         case GREATER_THAN: ++angle; break;
+        case RIGHT_SHIFT:
+            if (extended)
+                angle += 2;
+            break;
         case LESS_THAN: --angle; break;
         case IDENTIFIER:
             if (bracket == 0 && angle == 0)
@@ -104,6 +114,9 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
     TokenList tokens;
     int paren = 0;
     int bracket = 0;
+    // With the extensions, the depth inside an initialiser's braces, where
+    // semicolons end nothing: `auto f = [&](int x) { g(x); return x; };`
+    int brace = 0;
     long splitIndex = -1;
     bool ctorStyle = false;
     bool bitField = false;
@@ -116,6 +129,8 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
         case END_OF_FILE:
         case INVALID_TOKEN: return nullptr;
         case SEMICOLON:
+            if (brace > 0)
+                break;
             statementEnd = t.end();
             s.unget();
             done = true;
@@ -123,6 +138,8 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
         case PUBLIC_KEY:
         case PRIVATE_KEY:
         case PROTECTED_KEY:
+            if (brace > 0)
+                break;
             s.unget();
             done = true;
             continue;
@@ -153,6 +170,18 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
             if (paren == 0 && bracket == 0 && splitIndex == -1)
                 splitIndex = index;
             break;
+        // With the extensions, a brace initialiser splits like "=": `int x{0};`
+        case LBRACE:
+            if (m_extended && paren == 0 && bracket == 0 && splitIndex == -1
+                && (previous == IDENTIFIER || previous == RBRACKET))
+                splitIndex = index;
+            if (m_extended)
+                ++brace;
+            break;
+        case RBRACE:
+            if (brace > 0)
+                --brace;
+            break;
         case LBRACKET: ++bracket; break;
         case RBRACKET:
             if (bracket > 0)
@@ -174,13 +203,13 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
     if (bitField) {
         end = splitIndex;
     } else {
-        const long comma = firstDeclaratorEnd(tokens);
+        const long comma = firstDeclaratorEnd(tokens, m_extended);
         if (comma >= 0 && !(splitIndex >= 0 && splitIndex < comma))
             end = comma;
         else if (splitIndex >= 0)
             end = splitIndex;
     }
-    const long name = findName(tokens, end);
+    const long name = findName(tokens, end, m_extended);
     const long typeEnd = name >= 0 ? name : end; // everything before the name is the type
 
     std::unique_ptr<TypeNode> type;
@@ -290,7 +319,7 @@ FunctionPtrDeclNode* Parser::parseFunctionPointer(Stream& s)
     std::unique_ptr<TextNode> qualifiers;
     const Trn::Token next = peekAt(s, 1);
     if (next.type() == CONST_KEY || next.type() == VOLATILE_KEY || isInterruptWord(next))
-        qualifiers.reset(parseQualifiers(s));
+        qualifiers.reset(parseQualifiers(s, Trailer()));
     auto node = new FunctionPtrDeclNode(type.release(), id.release(), parameters.release(), qualifiers.release());
     if (peekAt(s, 1).type() == SEMICOLON)
         node->setEnd(get(s).end());

@@ -84,6 +84,23 @@ bool isOperatorSymbol(std::int32_t type)
     }
 }
 
+// Walking back from the ">" (or with `extended` the ">>") at `close`: the
+// index of the "<" that balances it, or 0.
+std::size_t openingAngle(const std::vector<Trn::Token>& list, std::size_t close, bool extended)
+{
+    std::size_t open = close;
+    for (int depth = 0; open >= 1; --open) {
+        const std::int32_t t = at(list, open).type();
+        if (t == GREATER_THAN)
+            ++depth;
+        else if (t == RIGHT_SHIFT && extended)
+            depth += 2;
+        else if (t == LESS_THAN && --depth == 0)
+            break;
+    }
+    return open;
+}
+
 bool isNameToken(const Trn::Token& t)
 {
     const std::int32_t type = t.type();
@@ -112,10 +129,10 @@ std::string joinName(const std::vector<Trn::Token>& list, std::size_t first, std
 // ---------------------------------------------------------------------------
 // Functions.
 
-FunctionDeclNode* Parser::parseFunction(const TokenList& headList, Stream& main)
+FunctionDeclNode* Parser::parseFunction(const TokenList& headList, Stream& main, const Trailer& trailer)
 {
     Stream head(headList);
-    std::unique_ptr<FunctionHeadNode> functionHead(parseFunctionHead(headList, head));
+    std::unique_ptr<FunctionHeadNode> functionHead(parseFunctionHead(headList, head, trailer));
     // `A::A() : b(1), c(2, 3) { }`
     std::unique_ptr<InitializerListNode> initializers;
     if (functionHead && nextSignificant(head).type() == COLON) {
@@ -138,7 +155,7 @@ FunctionDeclNode* Parser::parseFunction(const TokenList& headList, Stream& main)
     return new FunctionDeclNode(functionHead.release(), block.release());
 }
 
-FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
+FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head, const Trailer& trailer)
 {
     // Step 1: find the "(" of the parameter list, and the head's end.
     Trn::Token prev;
@@ -182,7 +199,9 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
                 prev = at(list, i);
                 continue;
             }
-            if (!seenThrow && paren == 0) {
+            // Parentheses behind the parameter list, `noexcept(true)`, are
+            // not the list.
+            if (!seenThrow && paren == 0 && (trailer.first == 0 || i < trailer.first)) {
                 foundParen = true;
                 parenIndex = i;
             }
@@ -199,6 +218,10 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
         case GREATER_THAN:
             if (prev.type() != OPERATOR_KEY && angle > 0)
                 --angle;
+            break;
+        case RIGHT_SHIFT:
+            if (closesTwoAngles(prev.type(), angle))
+                angle -= 2;
             break;
         case OPERATOR_KEY: seenOperator = true; break;
         case THROW_KEY: seenThrow = true; break;
@@ -246,12 +269,13 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
             return nullptr;
     }
 
-    // Step 5: `const`, `volatile`, `interrupt 3 using 2`.
+    // Step 5: `const`, `volatile`, `interrupt 3 using 2`, and with the
+    // extensions the words up to the body: `const noexcept override`.
     skipDiscardable(head);
     std::unique_ptr<TextNode> qualifiers;
     const Trn::Token next = peekAt(head, 1);
-    if (next.type() == CONST_KEY || next.type() == VOLATILE_KEY || isInterruptWord(next))
-        qualifiers.reset(parseQualifiers(head));
+    if (next.type() == CONST_KEY || next.type() == VOLATILE_KEY || isInterruptWord(next) || trailer.first != 0)
+        qualifiers.reset(parseQualifiers(head, trailer));
 
     // Step 6: `throw(...)`.
     skipDiscardable(head);
@@ -262,7 +286,7 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head)
             return nullptr;
     }
 
-    // Step 7: `= 0`.
+    // Step 7: `= 0`, and with the extensions `= default` and `= delete`.
     skipDiscardable(head);
     std::unique_ptr<ExprNode> pureSpec;
     if (peekAt(head, 1).type() == EQUALS)
@@ -291,7 +315,10 @@ bool Parser::findFunctionName(const TokenList& list, std::size_t parenIndex, Fun
     // `extern "C" ("...")`-like heads: the literal is the id.
     if (type == STRING_LITERAL)
         return true;
-    if (isOperatorSymbol(type))
+    // With the extensions a ">>" that no `operator` precedes closes two
+    // template argument lists: `f<A<int>>(x)`.
+    const bool closesTwo = type == RIGHT_SHIFT && m_extended && operatorKeyBack(list, end - 1) == 0;
+    if (isOperatorSymbol(type) && !closesTwo)
         return findOperatorName(list, name);
     // `operator()`
     if (type == RPAREN) {
@@ -334,21 +361,15 @@ bool Parser::findFunctionName(const TokenList& list, std::size_t parenIndex, Fun
         extendName(list, name);
         return true;
     }
-    // `operator>`, or a template's arguments: `foo<int>(x)`
-    if (type == GREATER_THAN) {
+    // `operator>`, or a template's arguments: `foo<int>(x)`, and with the
+    // extensions `foo<A<int>>(x)`.
+    if (type == GREATER_THAN || closesTwo) {
         if (const std::size_t keyword = operatorKeyBack(list, end - 1)) {
             name.first = keyword;
             extendName(list, name);
             return true;
         }
-        std::size_t open = end;
-        for (int depth = 0; open >= 1; --open) {
-            const std::int32_t t = at(list, open).type();
-            if (t == GREATER_THAN)
-                ++depth;
-            else if (t == LESS_THAN && --depth == 0)
-                break;
-        }
+        const std::size_t open = openingAngle(list, end, m_extended);
         if (open < 1) {
             compose("Expected \"<\".", last);
             return false;
@@ -398,15 +419,10 @@ void Parser::extendName(const TokenList& list, FunctionName& name)
             return;
         const Trn::Token& current = at(list, name.first);
         const Trn::Token& previous = at(list, before);
-        if (previous.type() == GREATER_THAN && isQualifiedName(current) && current.text().starts_with("::")) {
-            std::size_t open = before;
-            for (int depth = 0; open >= 1; --open) {
-                const std::int32_t t = at(list, open).type();
-                if (t == GREATER_THAN)
-                    ++depth;
-                else if (t == LESS_THAN && --depth == 0)
-                    break;
-            }
+        const bool closesAngle
+            = previous.type() == GREATER_THAN || (previous.type() == RIGHT_SHIFT && m_extended);
+        if (closesAngle && isQualifiedName(current) && current.text().starts_with("::")) {
+            const std::size_t open = openingAngle(list, before, m_extended);
             const std::size_t templateName = open >= 1 ? previousSignificant(list, open) : 0;
             if (templateName == 0 || !isNameToken(at(list, templateName)))
                 return;
@@ -448,7 +464,7 @@ ExprNode* Parser::parsePureSpec(Stream& head)
     const Trn::Token equals = get(head);
     skipDiscardable(head);
     const Trn::Token zero = get(head);
-    if (zero.type() == NUMBER_LITERAL && zero.text() == "0")
+    if (isPureSpecifier(zero))
         return new ExprNode(equals.start(), zero.end());
     compose("Expected '= 0' to indicate a pure virtual function. Got: " + zero.text(), zero);
     head.putBack(zero);
@@ -456,8 +472,9 @@ ExprNode* Parser::parsePureSpec(Stream& head)
     return nullptr;
 }
 
-// `const volatile`, then the extension tail `interrupt 3 using 2`, as one span.
-TextNode* Parser::parseQualifiers(Stream& s)
+// `const volatile`, then the extension tail `interrupt 3 using 2`, or the
+// words up to the body that `trailer` marks in a gathered head, as one span.
+TextNode* Parser::parseQualifiers(Stream& s, const Trailer& trailer)
 {
     bool any = false;
     Trn::Position begin;
@@ -479,6 +496,15 @@ TextNode* Parser::parseQualifiers(Stream& s)
         else
             break;
     }
+    // The stream is over the gathered head: its index counts the list from 0.
+    if (trailer.first != 0) {
+        while (s.index() >= 0 && static_cast<std::size_t>(s.index()) < trailer.last) {
+            const Trn::Token t = get(s);
+            if (!isDiscardable(t))
+                take(t);
+        }
+        return any ? new TextNode(begin, end) : nullptr;
+    }
     if (isInterruptWord(peekAt(s, 1))) {
         take(get(s));
         for (;;) {
@@ -489,6 +515,151 @@ TextNode* Parser::parseQualifiers(Stream& s)
         }
     }
     return any ? new TextNode(begin, end) : nullptr;
+}
+
+// ---------------------------------------------------------------------------
+// The words between a parameter list and a body (with the extensions).
+
+namespace {
+
+// Words of a trailing return type after "->": `-> const std::string&`
+bool isTypeWord(std::int32_t type)
+{
+    switch (type) {
+    case IDENTIFIER:
+    case CONST_KEY:
+    case VOLATILE_KEY:
+    case TYPENAME_KEY:
+    case AUTO_KEY:
+    case SIGNED_KEY:
+    case UNSIGNED_KEY:
+    case CLASS_KEY:
+    case STRUCT_KEY:
+    case UNION_KEY:
+    case ENUM_KEY:
+    case ASTERISK:
+    case AMPERSAND:
+    case LOGICAL_AND: return true;
+    default: return isBuiltInType(type);
+    }
+}
+
+} // namespace
+
+// How many tokens ahead form the words between a function's parameter list
+// (and its `const` or `volatile`) and its body; 0 when the tokens ahead are no
+// such run. The run begins with a name, "&", "&&" or "->" and holds names,
+// each with its parenthesised or angle-bracketed arguments (`noexcept(true)`,
+// `MACRO(x)`, `requires C<T>`), "&", "&&", `const`, `volatile`, and "->" with
+// a type. It must end before "{", before ":" that a member initialiser
+// follows, or before "=" that `0`, `default` or `delete` follows: so that
+// `MACRO(x) T y;` stays a macro and a declaration.
+std::int32_t Parser::trailerLength(Stream& s)
+{
+    bool any = false;
+    bool inType = false;       // behind "->"
+    bool inConstraint = false; // behind `requires`
+    for (std::int32_t n = 1;; ++n) {
+        const Trn::Token t = peekAt(s, n);
+        const std::int32_t type = t.type();
+        if (isDiscardable(t))
+            continue;
+        switch (type) {
+        case LBRACE: return any ? n - 1 : 0;
+        case COLON: return any && initializerAhead(s, n + 1) ? n - 1 : 0;
+        case EQUALS: return any && specifierAhead(s, n + 1) ? n - 1 : 0;
+        case ARROW: inType = true; break;
+        case IDENTIFIER:
+            if (isInterruptWord(t))
+                return 0;
+            if (t.text() == "requires")
+                inConstraint = true;
+            break;
+        case CONST_KEY:
+        case VOLATILE_KEY:
+        case AMPERSAND:
+        case LOGICAL_AND:
+            break;
+        case LPAREN:
+        case LESS_THAN:
+            if (!any)
+                return 0;
+            n = balancedEnd(s, n);
+            if (n == 0)
+                return 0;
+            break;
+        default:
+            if (any && ((inType && isTypeWord(type))
+                        || (inConstraint && (type == NOT || type == LOGICAL_OR || type == TRUE_KEY
+                                             || type == FALSE_KEY))))
+                break;
+            return 0;
+        }
+        any = true;
+    }
+}
+
+// The index of the ")" or ">" that closes the "(" or "<" at peek index
+// `open`, or 0. Parentheses inside angle brackets are counted, so that a ">"
+// in them closes nothing; a ">>" closes two angle brackets.
+std::int32_t Parser::balancedEnd(Stream& s, std::int32_t open)
+{
+    const bool angled = peekAt(s, open).type() == LESS_THAN;
+    int paren = angled ? 0 : 1;
+    int angle = angled ? 1 : 0;
+    for (std::int32_t n = open + 1;; ++n) {
+        switch (peekAt(s, n).type()) {
+        case END_OF_FILE: return 0;
+        case LPAREN: ++paren; break;
+        case RPAREN:
+            if (--paren < 0)
+                return 0;
+            break;
+        case LESS_THAN:
+            if (paren == 0)
+                ++angle;
+            break;
+        case GREATER_THAN:
+            if (paren == 0)
+                --angle;
+            break;
+        case RIGHT_SHIFT:
+            if (paren == 0)
+                angle -= 2;
+            break;
+        case SEMICOLON:
+        case LBRACE:
+        case RBRACE:
+            if (angled && paren == 0)
+                return 0;
+            break;
+        default: break;
+        }
+        if (paren == 0 && angle == 0)
+            return n;
+        if (angle < 0)
+            return 0;
+    }
+}
+
+// A member initialiser at peek index `n`: a name, then "(", "{" or "<".
+bool Parser::initializerAhead(Stream& s, std::int32_t n)
+{
+    const Trn::Token name = nextSignificant(s, n);
+    if (name.type() != IDENTIFIER)
+        return false;
+    std::int32_t at = n;
+    while (peekAt(s, at).start() != name.start() || peekAt(s, at).type() != IDENTIFIER)
+        ++at;
+    const std::int32_t next = nextSignificant(s, at + 1).type();
+    return next == LPAREN || next == LBRACE || next == LESS_THAN;
+}
+
+// `0`, `default` or `delete` at peek index `n`, behind an "=".
+bool Parser::specifierAhead(Stream& s, std::int32_t n)
+{
+    const Trn::Token t = nextSignificant(s, n);
+    return (t.type() == NUMBER_LITERAL && t.text() == "0") || t.type() == DEFAULT_KEY || t.type() == DELETE_KEY;
 }
 
 // ---------------------------------------------------------------------------
@@ -512,6 +683,7 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
     list->setBegin(first.start());
     int depth = 1;
     int angle = 0;
+    std::int32_t previous = first.type(); // the last token other than a comment or directive
     bool inParameter = false;
     bool complex = false;
     Trn::Position parameterBegin;
@@ -548,11 +720,16 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
             addParameter();
             continue;
         }
+        const std::int32_t before = previous;
+        previous = type;
         if (type == open) {
             ++depth;
         } else if (type == close) {
             if (--depth == 0) {
-                if (angle != 0)
+                // With the extensions, a "<" still open at the end of the
+                // list was a comparison or an operator passed to a macro:
+                // `static_assert(N < 200, "...")`, `DEFINE_OP(Lt, <)`.
+                if (angle != 0 && !m_extended)
                     compose("Expected '>'. Got: " + t.text(), t);
                 addParameter();
                 list->setEnd(t.end());
@@ -560,11 +737,24 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
             }
             if (templateMode)
                 complex = true;
+        } else if (type == RIGHT_SHIFT && templateMode && closesTwoAngles(before, depth)) {
+            // `template<class T = A<B>>`: the list may close with it, and the
+            // last parameter ends in front of it.
+            depth -= 2;
+            if (depth == 0) {
+                addParameter();
+                list->setEnd(t.end());
+                return list.release();
+            }
+            complex = true;
         } else if (type == LESS_THAN) {
             ++angle;
         } else if (type == GREATER_THAN) {
             if (angle > 0)
                 --angle;
+            complex = true;
+        } else if (type == RIGHT_SHIFT && closesTwoAngles(before, angle)) {
+            angle -= 2;
             complex = true;
         } else if (isEnd(t)) {
             report(1, t);
@@ -582,7 +772,7 @@ InitializerListNode* Parser::parseInitializerList(Stream& s)
     return parseCommaList<InitializerListNode>(s, &Parser::parseInitializer);
 }
 
-// `m_size(size)`, `Base<T>(x, y)`
+// `m_size(size)`, `Base<T>(x, y)`, and with the extensions `m_size{size}`
 InitializerNode* Parser::parseInitializer(Stream& s)
 {
     skipDiscardable(s);
@@ -593,9 +783,10 @@ InitializerNode* Parser::parseInitializer(Stream& s)
     }
     TokenList name{first};
     Trn::Position nameEnd = first.end();
+    // With the extensions the arguments may stand in braces: `x{1}`.
     for (;;) {
         const Trn::Token t = peekAt(s, 1);
-        if (t.type() == LPAREN)
+        if (t.type() == LPAREN || (m_extended && t.type() == LBRACE))
             break;
         if (isEnd(t) || t.type() == LBRACE) {
             report(1, t);
@@ -607,10 +798,12 @@ InitializerNode* Parser::parseInitializer(Stream& s)
     }
     auto id = std::make_unique<IdNode>(joinTexts(name, 0, name.size() - 1), first.start(), nameEnd);
     const Trn::Token open = get(s);
-    if (open.type() != LPAREN) {
+    if (open.type() != LPAREN && open.type() != LBRACE) {
         compose("Expected a (. Got: \"" + open.text(), open);
         return nullptr;
     }
+    const std::int32_t opening = open.type();
+    const std::int32_t closing = opening == LPAREN ? RPAREN : RBRACE;
     auto args = std::make_unique<ArgListNode>();
     args->setBegin(open.start());
     bool inArg = false;
@@ -633,11 +826,15 @@ InitializerNode* Parser::parseInitializer(Stream& s)
             addArg();
             continue;
         }
-        if (t.type() == LPAREN) {
+        if (t.type() == opening) {
             ++depth;
-        } else if (t.type() == RPAREN && --depth == 0) {
+        } else if (t.type() == closing && --depth == 0) {
             addArg();
             args->setEnd(t.end());
+            // With the extensions a pack expansion may follow, `Base(args)...`;
+            // it stays text behind the initialiser.
+            while (m_extended && peekAt(s, 1).type() == DOT)
+                get(s);
             return new InitializerNode(id.release(), args.release());
         }
         if (!inArg)

@@ -8,6 +8,7 @@
 #include "Trn_TokenStream.h"
 
 #include <memory>
+#include <optional>
 
 namespace Cpp {
 
@@ -36,7 +37,7 @@ bool isJumpKeyword(std::int32_t type)
 BlockNode* Parser::parseBlock(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     auto block = std::make_unique<BlockNode>();
     for (;;) {
@@ -93,7 +94,7 @@ BlockNode* Parser::parseBlock(Stream& s)
 void Parser::parseBlockContent(Stream& s, BlockNode& node)
 {
     int depth = 1;
-    while (depth > 0 && !m_tooDeep) {
+    while (depth > 0 && !stopping()) {
         const Trn::Token t = get(s);
         parseBlockTurn(s, node, t, depth);
         if (depth > 0 && !isEnd(t))
@@ -218,6 +219,61 @@ void Parser::declarationOrExpression(Stream& s, BlockNode& node)
 // ---------------------------------------------------------------------------
 // Expressions.
 
+// With the extensions: which braces an expression takes whole, and the depth
+// inside them. Inside parentheses every "{" does (`f([](int x) { return x; })`,
+// `g({1, 2})`); outside them, the body of a lambda (`[&] {`, `[](int x) {`,
+// `[]() mutable -> int {`) and a braced list behind `=`, `return`, `new` or
+// a type (`x = T{1, 2};`, `return {a, b};`) do. The braces of a macro call
+// that heads a block stay the block: `FOREACH(x, list) {`.
+class Parser::InnerBraces {
+public:
+    bool inside() const { return m_depth > 0; }
+    // A "{" or "}" inside, or the "{" that opens them.
+    void take(const Trn::Token& t)
+    {
+        if (t.type() == LBRACE)
+            ++m_depth;
+        else if (t.type() == RBRACE && m_depth > 0)
+            --m_depth;
+        m_lambdaHead = false;
+    }
+    // Whether a "{" at parenthesis depth 0 behind `previous` opens braces
+    // the expression takes.
+    bool opensAtStatementLevel(const Trn::Token& previous) const
+    {
+        const std::int32_t p = previous.type();
+        if (m_lambdaHead || p == RBRACKET || p == EQUALS || p == RETURN_KEY || p == GREATER_THAN)
+            return true;
+        // `T{1}` behind `=`, `return` or `new`
+        return p == IDENTIFIER && (m_beforePrevious == EQUALS || m_beforePrevious == RETURN_KEY ||
+                                   m_beforePrevious == NEW_KEY);
+    }
+    // Follows a token outside the braces; `paren` is the parenthesis depth
+    // in front of it.
+    void note(const Trn::Token& t, int paren)
+    {
+        const std::int32_t type = t.type();
+        // `[...](` opens a lambda's parameters; their ")" at depth 0 ends its
+        // head, and the words up to its "{" (`mutable`, `-> T`) keep it open.
+        if (type == LPAREN && m_last == RBRACKET && paren == 0)
+            m_lambdaParams = true;
+        else if (type == RPAREN && m_lambdaParams && paren == 1) {
+            m_lambdaParams = false;
+            m_lambdaHead = true;
+        } else if (type == SEMICOLON || type == COMMA || type == EQUALS)
+            m_lambdaHead = false;
+        m_beforePrevious = m_last;
+        m_last = type;
+    }
+
+private:
+    int m_depth = 0;
+    bool m_lambdaParams = false;
+    bool m_lambdaHead = false;
+    std::int32_t m_last = 0;
+    std::int32_t m_beforePrevious = 0;
+};
+
 // A run of tokens through its semicolon at parenthesis depth 0, or up to a
 // token that cannot belong to it (a directive, a brace, a statement keyword).
 // A missing semicolon in a macro line thus ends the expression without a
@@ -231,6 +287,7 @@ ExprNode* Parser::parseExpression(Stream& s)
     bool seenTemplate = false;
     bool any = false;
     Trn::Token previous;
+    InnerBraces braces;
     // Ends before the token just taken, which stays in the stream.
     auto endBefore = [&]() -> ExprNode* {
         s.unget();
@@ -241,6 +298,22 @@ ExprNode* Parser::parseExpression(Stream& s)
         const std::int32_t type = t.type();
         if (type == PREPROC_DIRECTIVE)
             return endBefore();
+        // With the extensions, the braces of a lambda's body or of a braced
+        // list belong to the expression, with all they hold.
+        if (m_extended && !isEnd(t)) {
+            if (braces.inside()) {
+                braces.take(t);
+                previous = t;
+                continue;
+            }
+            if (type == LBRACE && (paren > 0 || braces.opensAtStatementLevel(previous))) {
+                braces.take(t);
+                previous = t;
+                any = true;
+                continue;
+            }
+            braces.note(t, paren);
+        }
         if (type == SEMICOLON && paren == 0)
             return new ExprNode(start, t.end());
         if (type == LPAREN) {
@@ -255,6 +328,8 @@ ExprNode* Parser::parseExpression(Stream& s)
         } else if (type == GREATER_THAN) {
             if (angle > 0)
                 --angle;
+        } else if (type == RIGHT_SHIFT && closesTwoAngles(previous.type(), angle)) {
+            angle -= 2;
         } else if ((type == CLASS_KEY || type == STRUCT_KEY) && paren == 0 && angle == 0 && !seenTemplate) {
             return endBefore();
         } else if (type == TEMPLATE_KEY) {
@@ -286,7 +361,7 @@ ExprNode* Parser::parseExpression(Stream& s)
 CtrlStmtNode* Parser::parseControlStatement(Stream& s)
 {
     NestingGuard nesting(*this, peekAt(s, 1));
-    if (nesting.tooDeep())
+    if (nesting.stopping())
         return nullptr;
     skipDiscardable(s);
     const Trn::Token t = peekAt(s, 1);
@@ -403,27 +478,83 @@ CtrlSubStmtHeadNode* Parser::parseHead(Stream& s)
     if (type != FOR_KEY && type != IF_KEY && type != WHILE_KEY && type != CATCH_KEY && type != SWITCH_KEY)
         return new CtrlSubStmtHeadNode(keywordNode.release(), nullptr);
     skipDiscardable(s);
+    // With the extensions, `if constexpr (...)` and a macro in its place,
+    // `if _GLIBCXX17_CONSTEXPR (...)`: the word begins the condition's
+    // expression, so that it lies inside a node.
+    std::optional<Trn::Position> conditionStart;
+    if (m_extended && type == IF_KEY && peekAt(s, 1).type() == IDENTIFIER
+        && (isWord(peekAt(s, 1), "constexpr") || peekAt(s, 2).type() == LPAREN)) {
+        conditionStart = get(s).start();
+        skipDiscardable(s);
+    }
     const Trn::Token open = get(s);
     if (open.type() != LPAREN) {
         report(13, open);
         s.unget();
         return new CtrlSubStmtHeadNode(keywordNode.release(), nullptr);
     }
+    Trn::Token previous = open;
+    bool arrow = false;
     for (int depth = 1;;) {
         skipDiscardable(s);
         const Trn::Token t = get(s);
         const std::int32_t inner = t.type();
+        // With the extensions, the body of a lambda and a braced list are
+        // taken whole: `if (any_of(b, e, [](int x) { return x > 0; }))`.
+        if (m_extended && inner == LBRACE && opensBracesInHead(previous, arrow)) {
+            if (!skipBraces(s, t))
+                return nullptr;
+            previous = t;
+            arrow = false;
+            continue;
+        }
         // The head has run away: `if (a {`
         if (inner == END_OF_FILE || inner == LBRACE || inner == RBRACE || inner == NAMESPACE_KEY
             || (inner >= IF_KEY && inner <= RETURN_KEY)) {
             report(12, t);
             return nullptr;
         }
+        if (inner == ARROW)
+            arrow = true;
+        previous = t;
         if (inner == LPAREN)
             ++depth;
         else if (inner == RPAREN && --depth == 0)
-            return new CtrlSubStmtHeadNode(keywordNode.release(), new ExprNode(open.start(), t.end()));
+            return new CtrlSubStmtHeadNode(keywordNode.release(),
+                                           new ExprNode(conditionStart.value_or(open.start()), t.end()));
     }
+}
+
+// With the extensions: whether a "{" behind `previous` inside a control
+// statement's parentheses opens a lambda's body or a braced list rather than
+// showing a head that has run away (`if (a {`): `for (int i : {1, 2})`,
+// `if (f([](int x) { return x; }))`. `arrow`: a "->" came since.
+bool Parser::opensBracesInHead(const Trn::Token& previous, bool arrow) const
+{
+    const std::int32_t p = previous.type();
+    if (arrow || p == RPAREN || p == RBRACKET || p == GREATER_THAN || p == COMMA || p == LPAREN || p == EQUALS
+        || p == COLON)
+        return true;
+    return p == MUTABLE_KEY || isWord(previous, "noexcept");
+}
+
+// Takes the braces whose "{" `open` has just been taken, through the "}" that
+// closes them. False, with message code 12 at the end of input.
+bool Parser::skipBraces(Stream& s, const Trn::Token& open)
+{
+    int depth = 1;
+    while (depth > 0) {
+        const Trn::Token t = get(s);
+        if (isEnd(t)) {
+            report(12, open);
+            return false;
+        }
+        if (t.type() == LBRACE)
+            ++depth;
+        else if (t.type() == RBRACE)
+            --depth;
+    }
+    return true;
 }
 
 // `case expr:` or `default:`

@@ -43,18 +43,26 @@ void ExprWalk::emitAngle()
         advance();
     }
     const Trn::Token open = left();
-    // 3. Balance: "<" opens, ">" closes; ">>" and ">=" close nothing. The
-    //    token behind "&&" or "||" is not looked at.
+    // 3. Balance: "<" opens, ">" closes; ">=" closes nothing, nor does ">>"
+    //    unless two lists are open (`A<B<int>>`, see 5a). The token behind
+    //    "&&" or "||" is not looked at.
     std::optional<Trn::Token> first;
     if (hasRight())
         first = right();
     int depth = 1;
+    bool fused = false;
     while (hasRight()) {
         const std::int32_t t = rightType();
         if (t == LTYPE)
             ++depth;
         else if (t == Cpp::GREATER_THAN && --depth == 0)
             break;
+        else if (t == Cpp::RIGHT_SHIFT && depth >= 2) {
+            fused = true;
+            depth -= 2;
+            if (depth == 0)
+                break;
+        }
         advance();
         if ((t == Cpp::LOGICAL_AND || t == Cpp::LOGICAL_OR) && hasRight())
             advance();
@@ -67,8 +75,13 @@ void ExprWalk::emitAngle()
             afterOp(open, *first);
         return writeRaw(formatInner(hasRight() ? readThrough(right().end()) : rest()));
     }
-    // 5. "vector<int>": the brackets match.
-    emitTemplateArgs(open, left());
+    // 5a. "vector<vector<int>>": lists closed by one ">>" token, which no
+    //     bracket rule can split between two levels, are copied as they stand.
+    if (fused)
+        copyThrough(right().end());
+    // 5b. "vector<int>": the brackets match.
+    else
+        emitTemplateArgs(open, left());
     // 6. What follows the ">": a call, a declarator, or anything else.
     advance();
     if (rightType() == Cpp::LPAREN)

@@ -318,4 +318,106 @@ TEST(LexerTest, ArbitraryBytesNeverStopTheLexer)
     }
 }
 
+// A stream buffer over a string that cannot be set back, like a pipe's.
+class ForwardOnlyBuf : public std::streambuf {
+public:
+    explicit ForwardOnlyBuf(std::string text) : m_text(std::move(text))
+    {
+        setg(m_text.data(), m_text.data(), m_text.data() + m_text.size());
+    }
+
+private:
+    std::string m_text;
+};
+
+std::vector<std::string> restOf(Cpp::Lexer& lexer)
+{
+    std::vector<std::string> lines;
+    for (Trn::Token t = lexer.next(); t.type() != Cpp::END_OF_FILE; t = lexer.next())
+        lines.push_back(Cpp::dumpLine(t));
+    return lines;
+}
+
+TEST(LexerTest, RestartReadsTheTextAgainFromItsStart)
+{
+    const std::string text = "int a;\n  // c\n#define X \\\n 1\nX::operator new";
+    std::istringstream in(text);
+    Cpp::Lexer lexer(in);
+    EXPECT_TRUE(lexer.canRestart());
+    const auto first = restOf(lexer);
+    ASSERT_TRUE(lexer.restart());
+    EXPECT_EQ(restOf(lexer), first);
+    // Also halfway through, with a token read ahead ("::operator" after "X").
+    ASSERT_TRUE(lexer.restart());
+    for (int i = 0; i < 6; ++i)
+        lexer.next();
+    ASSERT_TRUE(lexer.restart());
+    EXPECT_EQ(restOf(lexer), first);
+    EXPECT_EQ(first, dump(text));
+}
+
+TEST(LexerTest, RestartGoesBackToWhereTheLexerBegan)
+{
+    std::istringstream in("skipped int x;");
+    in.seekg(8);
+    Cpp::Lexer lexer(in);
+    const auto first = restOf(lexer);
+    ASSERT_TRUE(lexer.restart());
+    EXPECT_EQ(restOf(lexer), first);
+    EXPECT_EQ(first, dump("int x;"));
+}
+
+TEST(LexerTest, StreamThatCannotBeSetBackCannotRestart)
+{
+    ForwardOnlyBuf buf("int x;");
+    std::istream in(&buf);
+    Cpp::Lexer lexer(in);
+    EXPECT_FALSE(lexer.canRestart());
+    EXPECT_EQ(restOf(lexer), dump("int x;"));
+    EXPECT_FALSE(lexer.restart());
+    EXPECT_EQ(lexer.next().type(), Cpp::END_OF_FILE);
+}
+
 } // namespace
+
+namespace {
+
+// Lexes `text` with the other branches of conditionals folded: each token as
+// "type start-end".
+std::vector<std::string> foldedSpans(const std::string& text)
+{
+    std::istringstream in(text);
+    Cpp::Lexer lexer(in);
+    lexer.setFoldingElseBranches(true);
+    std::vector<std::string> spans;
+    for (Trn::Token t = lexer.next(); t.type() != Cpp::END_OF_FILE; t = lexer.next())
+        spans.push_back(std::string(Cpp::tokenTypeName(t.type())) + " " + std::to_string(t.start().line) + ":" +
+                        std::to_string(t.start().col) + "-" + std::to_string(t.end().line) + ":" +
+                        std::to_string(t.end().col));
+    return spans;
+}
+
+} // namespace
+
+TEST(LexerTest, FoldingTakesEachOtherBranchWithItsEndifAsOneDirective)
+{
+    // The #elif and #else branches, a conditional nested in them, and the
+    // #endif are one token; the first branch is read as code.
+    const std::string text = "#if A\nx\n#elif B\n#ifdef C\ny\n#endif\n#else\nz\n#endif\nw";
+    EXPECT_EQ(foldedSpans(text), (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1",
+                                                           "PREPROC_DIRECTIVE 3:1-10:0", "IDENTIFIER 10:1-10:1"}));
+    // Without folding every directive is its own token.
+    EXPECT_EQ(TestSupport::lex(text).size(), 10u);
+}
+
+TEST(LexerTest, FoldingLeavesIfZeroBlocksAndAnUnclosedBranchEndsAtTheEnd)
+{
+    // The parser takes an `#if 0` block whole, with its #else branch.
+    EXPECT_EQ(foldedSpans("#if 0\nx\n#else\ny\n#endif\n"),
+              (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1", "PREPROC_DIRECTIVE 3:1-4:0",
+                                        "IDENTIFIER 4:1-4:1", "PREPROC_DIRECTIVE 5:1-6:0"}));
+    EXPECT_EQ(foldedSpans("#ifdef A\nx\n#else\ny z"),
+              (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1", "PREPROC_DIRECTIVE 3:1-4:3"}));
+    // An #else without its #if is left as it is.
+    EXPECT_EQ(foldedSpans("#else\ny\n"), (std::vector<std::string>{"PREPROC_DIRECTIVE 1:1-2:0", "IDENTIFIER 2:1-2:1"}));
+}

@@ -12,27 +12,6 @@
 
 #include <memory>
 
-namespace Cpp {
-
-// Reaches one routine of the parser directly, on the tokens of a text.
-class ParserTestAccess {
-public:
-    static std::string classDump(const std::string& text)
-    {
-        std::vector<Trn::Token> tokens;
-        Varnel::IMemStream in(text);
-        Lexer lexer(in);
-        for (Trn::Token t = lexer.next(); t.type() != END_OF_FILE; t = lexer.next())
-            tokens.push_back(t);
-        Trn::TokenStream stream(tokens);
-        Parser parser;
-        std::unique_ptr<ClassDeclNode> node(parser.parseClass(stream));
-        return node ? dumpTree(*node) : "null";
-    }
-};
-
-} // namespace Cpp
-
 namespace {
 
 TEST(ParserClassesTest, DeclspecAndTemplateArgumentsStayInTheNamesAndOneBaseClause)
@@ -124,7 +103,9 @@ TEST(ParserClassesTest, BaseClauses)
 
 TEST(ParserClassesTest, HeadWithoutClassKey)
 {
-    EXPECT_EQ(TwTest::messagesOf("ALIGNED(struct) S : public B { };"),
+    // The core rules refuse a class key inside a macro's parentheses; the
+    // extensions read it (ClassKeyInsideAMacroHeadsAClass).
+    EXPECT_EQ(TwTest::coreMessagesOf("ALIGNED(struct) S : public B { };"),
               "1:17 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
               "1:19 code=0 Expected an identifier for the class name.\n"
               "1:17 code=7 The statement cannot be parsed.\n");
@@ -250,6 +231,113 @@ TEST(ParserClassesTest, TemplatesAndExplicitInstantiation)
                 "      ParameterListNode 1:25-1:27\n"
                 "        ParameterNode 1:26-1:26\n"
                 "  ExprNode 2:1-2:22\n");
+}
+
+
+// --- Extensions: namespace heads with macros, attributes and `inline`. ---
+
+TEST(ParserClassesTest, NamespaceHeadWithAMacroAndInlineNamespace)
+{
+    EXPECT_TREE("namespace std _GLIBCXX_VISIBILITY(default)\n{\ninline namespace __cxx11 {\nint x;\n}\n}\nNS_END",
+                "RootNode 1:1-7:6\n"
+                "  NamespaceDeclNode 1:1-6:1\n"
+                "    NamespaceHeadNode 1:1-1:42 text=\"std _GLIBCXX_VISIBILITY ( default )\"\n"
+                "    NamespaceBodyNode 2:1-6:1\n"
+                "      NamespaceDeclNode 3:1-5:1\n"
+                "        NamespaceHeadNode 3:1-3:24 text=\"__cxx11\"\n"
+                "        NamespaceBodyNode 3:26-5:1\n"
+                "          DataDeclNode 4:1-4:6\n"
+                "            TypeNode 4:1-4:3\n"
+                "            IdNode 4:5-4:5 text=\"x\"\n"
+                "  DataDeclNode 7:1-7:6\n"
+                "    IdNode 7:1-7:6 text=\"NS_END\"\n");
+    EXPECT_TREE("inline namespace v1 { }\nnamespace [[deprecated]] old { }\nnamespace a::inline b { }\nnamespace fs = std::filesystem;\nNS_END",
+                "RootNode 1:1-5:6\n"
+                "  NamespaceDeclNode 1:1-1:23\n"
+                "    NamespaceHeadNode 1:1-1:19 text=\"v1\"\n"
+                "    NamespaceBodyNode 1:21-1:23\n"
+                "  NamespaceDeclNode 2:1-2:32\n"
+                "    NamespaceHeadNode 2:1-2:28 text=\"[ [ deprecated ] ] old\"\n"
+                "    NamespaceBodyNode 2:30-2:32\n"
+                "  NamespaceDeclNode 3:1-3:25\n"
+                "    NamespaceHeadNode 3:1-3:21 text=\"a::inline b\"\n"
+                "    NamespaceBodyNode 3:23-3:25\n"
+                "  DataDeclNode 5:1-5:6\n"
+                "    IdNode 5:1-5:6 text=\"NS_END\"\n");
+}
+
+TEST(ParserClassesTest, NamespaceHeadNearMisses)
+{
+    // A plain head keeps its tree; `inline` before anything else is a
+    // declaration's; words that no "{" follows are still refused.
+    EXPECT_EQ(TwTest::extendedTreeOf("namespace a { }"), TwTest::treeOf("namespace a { }"));
+    EXPECT_TREE("inline int f() { return 1; }\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  FunctionDeclNode 1:1-1:28\n"
+                "    FunctionHeadNode 1:1-1:14\n"
+                "      FunctionReturnNode 1:1-1:10\n"
+                "      IdNode 1:12-1:12 text=\"f\"\n"
+                "      ParameterListNode 1:13-1:14\n"
+                "    BlockNode 1:16-1:28\n"
+                "      ExprNode 1:18-1:26\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+    EXPECT_EQ(TwTest::messagesOf("namespace a b c;\n"), "1:16 code=0 Expected:: \"{\".\n");
+    EXPECT_EQ(TwTest::messagesOf("namespace n int x;"), "1:13 code=0 Expected:: \"{\".\n");
+}
+
+// --- Extensions: class keys inside macros, base clauses with packs,
+// parentheses and comparisons. ---
+
+TEST(ParserClassesTest, ClassKeyInsideAMacroHeadsAClass)
+{
+    EXPECT_TREE("ALIGNED16(struct)\nA : public B\n{\n  int x;\n};\n",
+                "RootNode 1:1-5:2\n"
+                "  ClassDeclNode 1:1-5:2\n"
+                "    ClassHeadNode 1:1-2:12\n"
+                "      ClassNameNode 1:1-2:1 type=STRUCT_KEY text=\"ALIGNED16 ( struct ) A\"\n"
+                "      BaseClauseListNode 2:5-2:12\n"
+                "        BaseClauseNode 2:5-2:12 access=PUBLIC_KEY text=\"B\"\n"
+                "    ClassBodyNode 3:1-5:1\n"
+                "      DataDeclNode 4:3-4:8\n"
+                "        TypeNode 4:3-4:5\n"
+                "        IdNode 4:7-4:7 text=\"x\"\n");
+    // Any other word in the parentheses keeps the macro a call.
+    EXPECT_EQ(TwTest::extendedTreeOf("ALIGNED(16) int x;"), TwTest::treeOf("ALIGNED(16) int x;"));
+}
+
+TEST(ParserClassesTest, BaseClausesWithPacksParenthesesAndComparisons)
+{
+    EXPECT_TREE("template <class... Ts> struct B : Base<Ts>..., decltype(f(1)), C<(N > 0)> { };",
+                "RootNode 1:1-1:78\n"
+                "  TemplateNode 1:1-1:22\n"
+                "    KeywordNode 1:1-1:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 1:10-1:22\n"
+                "      ParameterNode 1:11-1:21\n"
+                "  ClassDeclNode 1:24-1:78\n"
+                "    ClassHeadNode 1:24-1:73\n"
+                "      ClassNameNode 1:24-1:31 type=STRUCT_KEY text=\"struct B\"\n"
+                "      BaseClauseListNode 1:35-1:73\n"
+                "        BaseClauseNode 1:35-1:45 text=\"Base < Ts > . . .\"\n"
+                "        BaseClauseNode 1:48-1:61 text=\"decltype ( f ( 1 ) )\"\n"
+                "        BaseClauseNode 1:64-1:73 text=\"C < ( N > 0 ) >\"\n"
+                "    ClassBodyNode 1:75-1:77\n");
+    EXPECT_TREE("struct A : T... { };",
+                "RootNode 1:1-1:20\n"
+                "  ClassDeclNode 1:1-1:20\n"
+                "    ClassHeadNode 1:1-1:15\n"
+                "      ClassNameNode 1:1-1:8 type=STRUCT_KEY text=\"struct A\"\n"
+                "      BaseClauseListNode 1:12-1:15\n"
+                "        BaseClauseNode 1:12-1:15 text=\"T . . .\"\n"
+                "    ClassBodyNode 1:17-1:19\n");
+}
+
+TEST(ParserClassesTest, ComparisonOrOperatorInADeclarationLevelMacroCall)
+{
+    // An angle bracket left open at the end of the parentheses was no
+    // template argument list.
+    EXPECT_EQ(TwTest::messagesOf("struct A {\n  static_assert(N < 200, \"too big\");\n};\nDEFINE_OP(Lt, <);\n"), "");
+    EXPECT_EQ(TwTest::coreMessagesOf("DEFINE_OP(Lt, <);"), "1:16 code=0 Expected '>'. Got: )\n");
 }
 
 } // namespace

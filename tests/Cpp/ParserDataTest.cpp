@@ -192,4 +192,121 @@ TEST(ParserDataTest, MissingSemicolonAtTheEndOfTheFile)
     EXPECT_EQ(TwTest::messagesOf("int a = 1"), "1:1 code=7 The statement cannot be parsed.\n");
 }
 
+
+// --- Extensions: ">>" closes two template argument lists when two are open. ---
+
+TEST(ParserDataTest, DoubleAngleInTheTypeOfSeveralDeclarators)
+{
+    // The first declarator ends at the comma behind the type's ">>".
+    EXPECT_TREE("std::map<int, std::vector<int>> a, b;\nNS_END",
+                "RootNode 1:1-2:6\n"
+                "  DataDeclNode 1:1-1:37\n"
+                "    TypeNode 1:1-1:31\n"
+                "    IdNode 1:33-1:33 text=\"a\"\n"
+                "    ExprNode 1:34-1:37\n"
+                "  DataDeclNode 2:1-2:6\n"
+                "    IdNode 2:1-2:6 text=\"NS_END\"\n");
+    // A text the core rules accept keeps its tree; a shift stays a shift.
+    EXPECT_EQ(TwTest::extendedTreeOf("std::vector<std::vector<int>> v;"),
+              TwTest::treeOf("std::vector<std::vector<int>> v;"));
+    EXPECT_EQ(TwTest::extendedTreeOf("int x = a >> 2, y;"), TwTest::treeOf("int x = a >> 2, y;"));
+}
+
+
+// --- Extensions: brace initialisers. ---
+
+TEST(ParserDataTest, BraceInitialisersSplitLikeEquals)
+{
+    EXPECT_TREE("int x{0};\nstd::vector<int> v{1, 2}, w{};\nint a[]{1, 2};\nauto f = [](int x) { return x; };\nNS_END",
+                "RootNode 1:1-5:6\n"
+                "  DataDeclNode 1:1-1:9\n"
+                "    TypeNode 1:1-1:3\n"
+                "    IdNode 1:5-1:5 text=\"x\"\n"
+                "    ExprNode 1:6-1:9\n"
+                "  DataDeclNode 2:1-2:30\n"
+                "    TypeNode 2:1-2:16\n"
+                "    IdNode 2:18-2:18 text=\"v\"\n"
+                "    ExprNode 2:19-2:30\n"
+                "  DataDeclNode 3:1-3:14\n"
+                "    TypeNode 3:1-3:3\n"
+                "    IdNode 3:5-3:7 text=\"a [ ]\"\n"
+                "    ExprNode 3:8-3:14\n"
+                "  DataDeclNode 4:1-4:33\n"
+                "    TypeNode 4:1-4:4\n"
+                "    IdNode 4:6-4:6 text=\"f\"\n"
+                "    ExprNode 4:8-4:33\n"
+                "  DataDeclNode 5:1-5:6\n"
+                "    IdNode 5:1-5:6 text=\"NS_END\"\n");
+    EXPECT_TREE("class C {\n  Type type_{month_day};\n  int n[2]{1, 2};\n};\nNS_END",
+                "RootNode 1:1-5:6\n"
+                "  ClassDeclNode 1:1-4:2\n"
+                "    ClassHeadNode 1:1-1:7\n"
+                "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class C\"\n"
+                "    ClassBodyNode 1:9-4:1\n"
+                "      DataDeclNode 2:3-2:24\n"
+                "        TypeNode 2:3-2:6\n"
+                "        IdNode 2:8-2:12 text=\"type_\"\n"
+                "        ExprNode 2:13-2:24\n"
+                "      DataDeclNode 3:3-3:17\n"
+                "        TypeNode 3:3-3:5\n"
+                "        IdNode 3:7-3:10 text=\"n [ 2 ]\"\n"
+                "        ExprNode 3:11-3:17\n"
+                "  DataDeclNode 5:1-5:6\n"
+                "    IdNode 5:1-5:6 text=\"NS_END\"\n");
+}
+
+TEST(ParserDataTest, BracesBehindAClassKeyAnEnumOrABaseClauseStayABody)
+{
+    EXPECT_TREE("typedef struct { int a; } T;\nstruct S : B { };\nenum class E : int { A };\nNS_END",
+                "RootNode 1:1-4:6\n"
+                "  ClassDeclNode 1:1-1:25\n"
+                "    ClassHeadNode 1:1-1:14\n"
+                "      ClassNameNode 1:1-1:14 type=STRUCT_KEY text=\"typedef struct\"\n"
+                "    ClassBodyNode 1:16-1:25\n"
+                "      DataDeclNode 1:18-1:23\n"
+                "        TypeNode 1:18-1:20\n"
+                "        IdNode 1:22-1:22 text=\"a\"\n"
+                "  DataDeclNode 1:27-1:28\n"
+                "    IdNode 1:27-1:27 text=\"T\"\n"
+                "  ClassDeclNode 2:1-2:17\n"
+                "    ClassHeadNode 2:1-2:12\n"
+                "      ClassNameNode 2:1-2:8 type=STRUCT_KEY text=\"struct S\"\n"
+                "      BaseClauseListNode 2:12-2:12\n"
+                "        BaseClauseNode 2:12-2:12 text=\"B\"\n"
+                "    ClassBodyNode 2:14-2:16\n"
+                "  EnumDeclNode 3:1-3:25\n"
+                "    EnumHeadNode 3:1-3:18 text=\"enum class E : int\"\n"
+                "    EnumBodyNode 3:20-3:24\n"
+                "      ExprNode 3:22-3:22\n"
+                "  DataDeclNode 4:1-4:6\n"
+                "    IdNode 4:1-4:6 text=\"NS_END\"\n");
+}
+
+TEST(ParserDataTest, BraceInitialiserInAFunctionOfATextTheCoreRulesAccept)
+{
+    // The core rules take the braces into the name; that text keeps it. Read
+    // with the extensions, the braces are the initialiser.
+    EXPECT_TREE("void f() { Foo x{1}; }", "RootNode 1:1-1:22\n"
+                                          "  FunctionDeclNode 1:1-1:22\n"
+                                          "    FunctionHeadNode 1:1-1:8\n"
+                                          "      FunctionReturnNode 1:1-1:4\n"
+                                          "      IdNode 1:6-1:6 text=\"f\"\n"
+                                          "      ParameterListNode 1:7-1:8\n"
+                                          "    BlockNode 1:10-1:22\n"
+                                          "      DataDeclNode 1:12-1:20\n"
+                                          "        TypeNode 1:12-1:14\n"
+                                          "        IdNode 1:16-1:19 text=\"x { 1 }\"\n");
+    EXPECT_EQ(TwTest::extendedTreeOf("void f() { Foo x{1}; }"), "RootNode 1:1-1:22\n"
+                                                                "  FunctionDeclNode 1:1-1:22\n"
+                                                                "    FunctionHeadNode 1:1-1:8\n"
+                                                                "      FunctionReturnNode 1:1-1:4\n"
+                                                                "      IdNode 1:6-1:6 text=\"f\"\n"
+                                                                "      ParameterListNode 1:7-1:8\n"
+                                                                "    BlockNode 1:10-1:22\n"
+                                                                "      DataDeclNode 1:12-1:20\n"
+                                                                "        TypeNode 1:12-1:14\n"
+                                                                "        IdNode 1:16-1:16 text=\"x\"\n"
+                                                                "        ExprNode 1:17-1:20\n");
+}
+
 } // namespace

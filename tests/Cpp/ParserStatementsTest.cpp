@@ -366,4 +366,113 @@ TEST(ParserStatementsTest, EndOfInputInsideABlock)
     EXPECT_EQ(TwTest::messagesOf("void f() { x = 1;"), "1:17 code=1 Unexpected EOF found.\n");
 }
 
+// --- Extensions: lambdas with statement bodies, braced lists, if constexpr. ---
+
+TEST(ParserStatementsTest, LambdaBodiesAndBracedListsBelongToTheirStatement)
+{
+    // A lambda's body in a declaration, an argument, behind its introducer or
+    // its parameters, and a braced list behind `return`: each statement is
+    // one node, however many semicolons its braces hold.
+    EXPECT_TREE("void f()\n{\n"
+                "    auto add = [&](int x) { g(x); return x; };\n"
+                "    sort(b, e, [](int a, int c) { return a < c; });\n"
+                "    [&] { add(3); }();\n"
+                "    [](int x) mutable -> int { return x; }(1);\n"
+                "    return {1, 2};\n"
+                "}\n",
+                "RootNode 1:1-8:1\n"
+                "  FunctionDeclNode 1:1-8:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 2:1-8:1\n"
+                "      DataDeclNode 3:5-3:46\n"
+                "        TypeNode 3:5-3:8\n"
+                "        IdNode 3:10-3:12 text=\"add\"\n"
+                "        ExprNode 3:14-3:46\n"
+                "      ExprNode 4:5-4:51\n"
+                "      ExprNode 5:5-5:22\n"
+                "      ExprNode 6:5-6:46\n"
+                "      ExprNode 7:5-7:18\n");
+}
+
+TEST(ParserStatementsTest, LambdaInAControlStatementsHead)
+{
+    EXPECT_TREE("void f() {\n  if (any(b, e, [](int x) { return x > 0; }))\n    g();\n}\n",
+                "RootNode 1:1-4:1\n"
+                "  FunctionDeclNode 1:1-4:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-4:1\n"
+                "      CtrlStmtNode 2:3-3:8\n"
+                "        CtrlSubStmtNode 2:3-3:8\n"
+                "          CtrlSubStmtHeadNode 2:3-2:45\n"
+                "            KeywordNode 2:3-2:4 type=IF_KEY\n"
+                "            ExprNode 2:6-2:45\n"
+                "          BlockNode 3:5-3:8\n"
+                "            ExprNode 3:5-3:8\n");
+    // A head that runs into a brace behind a plain name has still run away.
+    EXPECT_EQ(TwTest::messagesOf("void f() {\n  if (a { }\n}\n"),
+              "2:9 code=12 Expected \")\". Possible unbalanced parentheses.\n");
+}
+
+TEST(ParserStatementsTest, IfConstexprBeginsItsConditionWithTheWord)
+{
+    // The word lies inside the condition's node, so every pass keeps it.
+    EXPECT_TREE("void f() {\n  if constexpr (N > 2) { g(); }\n}\n",
+                "RootNode 1:1-3:1\n"
+                "  FunctionDeclNode 1:1-3:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-3:1\n"
+                "      CtrlStmtNode 2:3-2:31\n"
+                "        CtrlSubStmtNode 2:3-2:31\n"
+                "          CtrlSubStmtHeadNode 2:3-2:22\n"
+                "            KeywordNode 2:3-2:4 type=IF_KEY\n"
+                "            ExprNode 2:6-2:22\n"
+                "          BlockNode 2:24-2:31\n"
+                "            ExprNode 2:26-2:29\n");
+}
+
+TEST(ParserStatementsTest, MacroBeforeABlockKeepsItsBlock)
+{
+    // `FOREACH(x, list) {`: the braces behind a call stay a block, with the
+    // extensions as without them.
+    const std::string text = "void f() {\n  FOREACH(x, list) {\n    g(x);\n  }\n}\n";
+    EXPECT_EQ(TwTest::extendedTreeOf(text), TwTest::treeOf(text));
+    const std::string withReturn = "void f() {\n  TRY {\n    return 1;\n  }\n}\n";
+    EXPECT_EQ(TwTest::extendedTreeOf(withReturn), TwTest::treeOf(withReturn));
+}
+
+TEST(ParserStatementsTest, BracedListInARangeForAndAMacroInPlaceOfConstexpr)
+{
+    EXPECT_TREE("void f() {\n  for (int i : {0, 1}) g(i);\n  if _CONSTEXPR (N > 1) g(0);\n}\n",
+                "RootNode 1:1-4:1\n"
+                "  FunctionDeclNode 1:1-4:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-4:1\n"
+                "      CtrlStmtNode 2:3-2:28\n"
+                "        CtrlSubStmtNode 2:3-2:28\n"
+                "          CtrlSubStmtHeadNode 2:3-2:22\n"
+                "            KeywordNode 2:3-2:5 type=FOR_KEY\n"
+                "            ExprNode 2:7-2:22\n"
+                "          BlockNode 2:24-2:28\n"
+                "            ExprNode 2:24-2:28\n"
+                "      CtrlStmtNode 3:3-3:29\n"
+                "        CtrlSubStmtNode 3:3-3:29\n"
+                "          CtrlSubStmtHeadNode 3:3-3:23\n"
+                "            KeywordNode 3:3-3:4 type=IF_KEY\n"
+                "            ExprNode 3:6-3:23\n"
+                "          BlockNode 3:25-3:29\n"
+                "            ExprNode 3:25-3:29\n");
+}
+
 } // namespace

@@ -370,4 +370,286 @@ TEST(ParserTest, OffMarkerFarAheadIsFoundBehindManyComments)
     EXPECT_EQ(TwTest::checkTree(parsed.root, text), "");
 }
 
+// --- Extensions for real-world code: a text the core rules refuse is read
+// again with them. ---
+
+TEST(ParserTest, MacroLineWithoutSemicolonAtTheEndOfTheText)
+{
+    // The tree `G_END_DECLS;` would have, without the semicolon.
+    EXPECT_TREE("int a;\n#ifdef __cplusplus\nG_END_DECLS\n#endif\n", "RootNode 1:1-5:0\n"
+                                                                    "  DataDeclNode 1:1-1:6\n"
+                                                                    "    TypeNode 1:1-1:3\n"
+                                                                    "    IdNode 1:5-1:5 text=\"a\"\n"
+                                                                    "  PreprocDirectiveNode 2:1-3:0\n"
+                                                                    "  DataDeclNode 3:1-3:11\n"
+                                                                    "    IdNode 3:1-3:11 text=\"G_END_DECLS\"\n"
+                                                                    "  PreprocDirectiveNode 4:1-5:0\n");
+    EXPECT_TREE("G_END_DECLS;", "RootNode 1:1-1:12\n"
+                                "  DataDeclNode 1:1-1:12\n"
+                                "    IdNode 1:1-1:11 text=\"G_END_DECLS\"\n");
+}
+
+TEST(ParserTest, MacroLineWithoutSemicolonBeforeTheClosingBrace)
+{
+    // A comment behind the macro stays with the body.
+    EXPECT_TREE("namespace a {\nint x;\nNS_END // end\n}\n", "RootNode 1:1-4:1\n"
+                                                              "  NamespaceDeclNode 1:1-4:1\n"
+                                                              "    NamespaceHeadNode 1:1-1:11 text=\"a\"\n"
+                                                              "    NamespaceBodyNode 1:13-4:1\n"
+                                                              "      DataDeclNode 2:1-2:6\n"
+                                                              "        TypeNode 2:1-2:3\n"
+                                                              "        IdNode 2:5-2:5 text=\"x\"\n"
+                                                              "      DataDeclNode 3:1-3:6\n"
+                                                              "        IdNode 3:1-3:6 text=\"NS_END\"\n"
+                                                              "      CommentNode 3:8-4:0 text=\"// end\\n\"\n");
+    EXPECT_TREE("class A {\n  Q_OBJECT\n};", "RootNode 1:1-3:2\n"
+                                             "  ClassDeclNode 1:1-3:2\n"
+                                             "    ClassHeadNode 1:1-1:7\n"
+                                             "      ClassNameNode 1:1-1:7 type=CLASS_KEY text=\"class A\"\n"
+                                             "    ClassBodyNode 1:9-3:1\n"
+                                             "      DataDeclNode 2:3-2:10\n"
+                                             "        IdNode 2:3-2:10 text=\"Q_OBJECT\"\n");
+}
+
+TEST(ParserTest, MacroLineWithoutSemicolonBeforeNamespaceUsingOrExtern)
+{
+    EXPECT_TREE("NS_END\nnamespace b { }\n", "RootNode 1:1-2:15\n"
+                                               "  DataDeclNode 1:1-1:6\n"
+                                               "    IdNode 1:1-1:6 text=\"NS_END\"\n"
+                                               "  NamespaceDeclNode 2:1-2:15\n"
+                                               "    NamespaceHeadNode 2:1-2:11 text=\"b\"\n"
+                                               "    NamespaceBodyNode 2:13-2:15\n");
+    // `using` and `extern` after a macro line: a text that needs the
+    // extensions (here for `NS_END` at its end) reads them as their own items.
+    EXPECT_TREE("BEGIN_DECLS\nusing X = Y;\nBEGIN_C\nextern int x;\nNS_END\n",
+                "RootNode 1:1-5:6\n"
+                "  DataDeclNode 1:1-1:11\n"
+                "    IdNode 1:1-1:11 text=\"BEGIN_DECLS\"\n"
+                "  DataDeclNode 3:1-3:7\n"
+                "    IdNode 3:1-3:7 text=\"BEGIN_C\"\n"
+                "  DataDeclNode 4:1-4:13\n"
+                "    TypeNode 4:1-4:10\n"
+                "    IdNode 4:12-4:12 text=\"x\"\n"
+                "  DataDeclNode 5:1-5:6\n"
+                "    IdNode 5:1-5:6 text=\"NS_END\"\n");
+}
+
+TEST(ParserTest, TextTheCoreRulesAcceptKeepsItsTree)
+{
+    // A macro in front of a declaration on the line before: the core rules
+    // read one declaration, and a text they accept keeps that reading...
+    EXPECT_TREE("EXPORT\nextern int x;\n", "RootNode 1:1-2:13\n"
+                                            "  DataDeclNode 1:1-2:13\n"
+                                            "    TypeNode 1:1-2:10\n"
+                                            "    IdNode 2:12-2:12 text=\"x\"\n");
+    EXPECT_TREE("FOO\nint x;\n", "RootNode 1:1-2:6\n"
+                                 "  DataDeclNode 1:1-2:6\n"
+                                 "    TypeNode 1:1-2:3\n"
+                                 "    IdNode 2:5-2:5 text=\"x\"\n");
+    // ...which the extended reading gives too where no rule of its own applies.
+    EXPECT_EQ(TwTest::extendedTreeOf("FOO\nint x;\n"), TwTest::treeOf("FOO\nint x;\n"));
+    EXPECT_EQ(TwTest::extendedTreeOf("MACRO(x) int y;"), TwTest::treeOf("MACRO(x) int y;"));
+}
+
+TEST(ParserTest, MacroLineWithParenthesesIsABodylessFunction)
+{
+    EXPECT_TREE("namespace a {\nDECLARE(x)\n}\n", "RootNode 1:1-3:1\n"
+                                                   "  NamespaceDeclNode 1:1-3:1\n"
+                                                   "    NamespaceHeadNode 1:1-1:11 text=\"a\"\n"
+                                                   "    NamespaceBodyNode 1:13-3:1\n"
+                                                   "      FunctionDeclNode 2:1-2:10\n"
+                                                   "        FunctionHeadNode 2:1-2:10\n"
+                                                   "          IdNode 2:1-2:7 text=\"DECLARE\"\n"
+                                                   "          ParameterListNode 2:8-2:10\n"
+                                                   "            ParameterNode 2:9-2:9\n"
+                                                   "! 3:1 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n");
+}
+
+// The note a refusal takes when a word that reads like a macro stands near it.
+std::string macroNote(const std::string& word)
+{
+    return " (is " + word +
+           " a macro? Put code that Tidewright cannot read between TIDEWRIGHT-OFF and TIDEWRIGHT-ON comments; see "
+           "\"When a file does not parse\" in the README)";
+}
+
+TEST(ParserTest, MacroLineNearMissesStayRefused)
+{
+    // Two words are no macro line; nor is a keyword.
+    EXPECT_EQ(TwTest::messagesOf("FOO BAR\n}\n"), "2:1 code=1 Unexpected EOF found.\n"
+                                                 "1:1 code=7 The statement cannot be parsed.\n");
+    EXPECT_EQ(TwTest::messagesOf("namespace a {\nint\n}\n"), "3:1 code=1 Unexpected EOF found.\n"
+                                                           "2:1 code=7 The statement cannot be parsed.\n");
+    // A name followed by anything else goes on as a declaration.
+    EXPECT_EQ(TwTest::messagesOf("FOO\nint x"), "2:5 code=1 Unexpected EOF found.\n"
+                                                "1:1 code=7 The statement cannot be parsed.\n");
+}
+
+TEST(ParserTest, RefusalNamesTheWordThatReadsLikeAMacro)
+{
+    // The last such word at or before the first error, within three lines;
+    // only the first error takes the note.
+    EXPECT_EQ(TwTest::messagesOf("struct S {\n  CONSTCD11 explicit operator unsigned() const NOEXCEPT;\n};\n"),
+              "2:48 code=2 Unexpected token. Was expecting to find \";\" or \"{\".\n"
+              "2:31 code=0 Expected function name. Got: unsigned" + macroNote("CONSTCD11") + "\n"
+              "2:3 code=7 The statement cannot be parsed.\n"
+              "1:1 code=7 The statement cannot be parsed.\n");
+    // The end of input is never blamed on the last word before it.
+    EXPECT_EQ(TwTest::messagesOf("int f(\n#ifdef A\nint a\n#endif\nNS_DECL(Lt, x) BAR(\n"),
+              "5:19 code=1 Unexpected EOF found.\n"
+              "1:1 code=7 The statement cannot be parsed.\n");
+    // No such word near the fault: no note.
+    EXPECT_EQ(TwTest::messagesOf("namespace a {\nint\n}\n"), "3:1 code=1 Unexpected EOF found.\n"
+                                                           "2:1 code=7 The statement cannot be parsed.\n");
+    EXPECT_EQ(TwTest::messagesOf("MACRO\n\n\n\nnamespace a {\nint\n}\n"),
+              "7:1 code=1 Unexpected EOF found.\n"
+              "6:1 code=7 The statement cannot be parsed.\n");
+    // The core rules' messages stay as they were.
+    EXPECT_EQ(TwTest::coreMessagesOf("FOO\nint x").find(" a macro?"), std::string::npos);
+}
+
+// A stream buffer over a string that cannot be set back, like a pipe's.
+class ForwardOnlyBuf : public std::streambuf {
+public:
+    explicit ForwardOnlyBuf(std::string text) : m_text(std::move(text))
+    {
+        setg(m_text.data(), m_text.data(), m_text.data() + m_text.size());
+    }
+
+private:
+    std::string m_text;
+};
+
+TEST(ParserTest, TextThatCannotBeReadAgainIsReadByTheCoreRulesOnly)
+{
+    ForwardOnlyBuf buf("int a;\nG_END_DECLS\n");
+    std::istream in(&buf);
+    Cpp::Lexer lexer(in);
+    Cpp::RootNode root;
+    Trn::FormatMessageList messages;
+    Cpp::Parser().parse(lexer, root, messages);
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_EQ(messages.front().code, 1);
+    EXPECT_EQ(messages.back().code, 7);
+    EXPECT_EQ(messages.back().position, Trn::Position(2, 1));
+}
+
+TEST(ParserTest, MacroOpeningAScopeOfDeclarations)
+{
+    // The braces hold declarations: a scope like a namespace's.
+    EXPECT_TREE("NS_START\n{\nvoid f() { g(); }\n}\nNS_END\n", "RootNode 1:1-5:6\n"
+                                                              "  NamespaceDeclNode 1:1-4:1\n"
+                                                              "    NamespaceHeadNode 1:1-1:8 text=\"NS_START\"\n"
+                                                              "    NamespaceBodyNode 2:1-4:1\n"
+                                                              "      FunctionDeclNode 3:1-3:17\n"
+                                                              "        FunctionHeadNode 3:1-3:8\n"
+                                                              "          FunctionReturnNode 3:1-3:4\n"
+                                                              "          IdNode 3:6-3:6 text=\"f\"\n"
+                                                              "          ParameterListNode 3:7-3:8\n"
+                                                              "        BlockNode 3:10-3:17\n"
+                                                              "          ExprNode 3:12-3:15\n"
+                                                              "  DataDeclNode 5:1-5:6\n"
+                                                              "    IdNode 5:1-5:6 text=\"NS_END\"\n");
+    // Inside a namespace too.
+    EXPECT_EQ(TwTest::messagesOf("namespace a {\nIMPL_START {\nclass A;\n}\n}\n"), "");
+    // Braces that hold statements keep the macro-block form.
+    EXPECT_EQ(TwTest::extendedTreeOf("BEGIN_MAP /* c */ { ENTRY(1) }"),
+              TwTest::treeOf("BEGIN_MAP /* c */ { ENTRY(1) }"));
+}
+
+TEST(ParserTest, MacroLineWithoutSemicolonBeforeADirective)
+{
+    EXPECT_TREE("BEGIN_CLEAN\n#include <string>\nEND_CLEAN\nnamespace a { }\n",
+                "RootNode 1:1-4:15\n"
+                "  DataDeclNode 1:1-1:11\n"
+                "    IdNode 1:1-1:11 text=\"BEGIN_CLEAN\"\n"
+                "  PreprocDirectiveNode 2:1-3:0\n"
+                "  DataDeclNode 3:1-3:9\n"
+                "    IdNode 3:1-3:9 text=\"END_CLEAN\"\n"
+                "  NamespaceDeclNode 4:1-4:15\n"
+                "    NamespaceHeadNode 4:1-4:11 text=\"a\"\n"
+                "    NamespaceBodyNode 4:13-4:15\n");
+}
+
+TEST(ParserTest, BracesBalancedOnlyAcrossBranchesAreReadWithTheFirstBranch)
+{
+    // A parameter list closed in both branches: the #else branch and its
+    // #endif are one directive, which lies between the head and the body.
+    EXPECT_TREE("int f(\n#ifdef WIDE\n      long a, long b)\n#else\n      int a)\n#endif\n{\n    return a;\n}\n",
+                "RootNode 1:1-9:1\n"
+                "  FunctionDeclNode 1:1-9:1\n"
+                "    FunctionHeadNode 1:1-3:21\n"
+                "      FunctionReturnNode 1:1-1:3\n"
+                "      IdNode 1:5-1:5 text=\"f\"\n"
+                "      ParameterListNode 1:6-3:21\n"
+                "        PreprocDirectiveNode 2:1-3:0\n"
+                "        ParameterNode 3:7-3:12\n"
+                "        ParameterNode 3:15-3:20\n"
+                "    BlockNode 7:1-9:1\n"
+                "      ExprNode 8:5-8:13\n");
+    // Two heads of a control statement.
+    EXPECT_TREE("void h() {\n#if A\n  if (x) {\n#else\n  if (y) {\n#endif\n    run();\n  }\n}\n",
+                "RootNode 1:1-9:1\n"
+                "  FunctionDeclNode 1:1-9:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"h\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-9:1\n"
+                "      PreprocDirectiveNode 2:1-3:0\n"
+                "      CtrlStmtNode 3:3-8:3\n"
+                "        CtrlSubStmtNode 3:3-8:3\n"
+                "          CtrlSubStmtHeadNode 3:3-3:8\n"
+                "            KeywordNode 3:3-3:4 type=IF_KEY\n"
+                "            ExprNode 3:6-3:8\n"
+                "          BlockNode 3:10-8:3\n"
+                "            PreprocDirectiveNode 4:1-7:0\n"
+                "            ExprNode 7:5-7:10\n");
+}
+
+TEST(ParserTest, BranchesAreFoldedOnlyForATextRefusedOtherwise)
+{
+    // A text that reads with every branch keeps its directives apart.
+    const std::string text = "#ifdef A\nint x;\n#else\nlong x;\n#endif\n";
+    EXPECT_EQ(TwTest::treeOf(text), "RootNode 1:1-6:0\n"
+                                    "  PreprocDirectiveNode 1:1-2:0\n"
+                                    "  DataDeclNode 2:1-2:6\n"
+                                    "    TypeNode 2:1-2:3\n"
+                                    "    IdNode 2:5-2:5 text=\"x\"\n"
+                                    "  PreprocDirectiveNode 3:1-4:0\n"
+                                    "  DataDeclNode 4:1-4:7\n"
+                                    "    TypeNode 4:1-4:4\n"
+                                    "    IdNode 4:6-4:6 text=\"x\"\n"
+                                    "  PreprocDirectiveNode 5:1-6:0\n");
+    // A text refused even with the branches folded reports what the reading
+    // without folding found.
+    const std::string bad = "#ifdef A\nint f(\n#else\nint f(\n#endif\nint a) { ) }\n";
+    std::string extendedMessages;
+    std::istringstream dump(TwTest::extendedTreeOf(bad));
+    for (std::string line; std::getline(dump, line);)
+        if (line.starts_with("! "))
+            extendedMessages += line.substr(2) + "\n";
+    EXPECT_FALSE(extendedMessages.empty());
+    EXPECT_EQ(TwTest::messagesOf(bad), extendedMessages);
+}
+
+TEST(ParserTest, RunOfMacroLinesEndingAtADirectiveOrTheEnd)
+{
+    EXPECT_TREE("int f(void);\nG_GNUC_END_IGNORE\n\nG_END_DECLS\n#endif\n",
+                "RootNode 1:1-6:0\n"
+                "  FunctionDeclNode 1:1-1:12\n"
+                "    FunctionHeadNode 1:1-1:12\n"
+                "      FunctionReturnNode 1:1-1:3\n"
+                "      IdNode 1:5-1:5 text=\"f\"\n"
+                "      ParameterListNode 1:6-1:11\n"
+                "        ParameterNode 1:7-1:10\n"
+                "  DataDeclNode 2:1-2:17\n"
+                "    IdNode 2:1-2:17 text=\"G_GNUC_END_IGNORE\"\n"
+                "  DataDeclNode 4:1-4:11\n"
+                "    IdNode 4:1-4:11 text=\"G_END_DECLS\"\n"
+                "  PreprocDirectiveNode 5:1-6:0\n");
+    // A run that ends in a declaration keeps the older reading.
+    EXPECT_EQ(TwTest::extendedTreeOf("FOO\nBar\nbaz;\n"), TwTest::treeOf("FOO\nBar\nbaz;\n"));
+}
+
 } // namespace

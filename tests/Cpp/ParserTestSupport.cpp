@@ -5,7 +5,10 @@
 #include "Cpp_Nodes.h"
 #include "Cpp_Parser.h"
 #include "Cpp_TreeDump.h"
+#include "Trn_TokenStream.h"
 #include "Varnel_IMemBuf.h"
+
+#include <memory>
 
 #include <set>
 #include <sstream>
@@ -113,6 +116,23 @@ std::string treeOf(const std::string& text)
     return dump;
 }
 
+std::string extendedTreeOf(const std::string& text)
+{
+    Parsed parsed;
+    Cpp::ParserTestAccess::readExtended(text, parsed);
+    std::string dump = Cpp::dumpTree(parsed.root) + messageLines(parsed.messages, "! ");
+    if (std::string problem = checkTree(parsed.root, text); !problem.empty())
+        dump += "! spans: " + problem + "\n";
+    return dump;
+}
+
+std::string coreMessagesOf(const std::string& text)
+{
+    Parsed parsed;
+    Cpp::ParserTestAccess::readCore(text, parsed);
+    return messageLines(parsed.messages, "");
+}
+
 std::string messagesOf(const std::string& text)
 {
     Parsed parsed;
@@ -126,3 +146,41 @@ std::string checkTree(Cpp::SyntaxNode& root, const std::string& text)
 }
 
 } // namespace TwTest
+
+namespace Cpp {
+
+std::string ParserTestAccess::classDump(const std::string& text)
+{
+    std::vector<Trn::Token> tokens;
+    Varnel::IMemStream in(text);
+    Lexer lexer(in);
+    for (Trn::Token t = lexer.next(); t.type() != END_OF_FILE; t = lexer.next())
+        tokens.push_back(t);
+    Trn::TokenStream stream(tokens);
+    Parser parser;
+    std::unique_ptr<ClassDeclNode> node(parser.parseClass(stream));
+    return node ? dumpTree(*node) : "null";
+}
+
+void ParserTestAccess::readCore(const std::string& text, TwTest::Parsed& parsed)
+{
+    Varnel::IMemStream in(text);
+    Lexer lexer(in);
+    Parser parser;
+    parser.m_messages.swap(parsed.messages);
+    parser.read(lexer, parsed.root, Parser::Reading::CORE, false);
+    parser.m_messages.swap(parsed.messages);
+}
+
+void ParserTestAccess::readExtended(const std::string& text, TwTest::Parsed& parsed)
+{
+    Varnel::IMemStream in(text);
+    Lexer lexer(in);
+    Parser parser;
+    // As parse() does it: the parser's list stands in for the caller's.
+    parser.m_messages.swap(parsed.messages);
+    parser.read(lexer, parsed.root, Parser::Reading::EXTENDED, false);
+    parser.m_messages.swap(parsed.messages);
+}
+
+} // namespace Cpp

@@ -29,6 +29,17 @@ std::string treeOf(const std::string& text);
 // The messages of `text` only, one "L:C code=N text" line each.
 std::string messagesOf(const std::string& text);
 
+// The messages of `text` read by the core rules alone, all of them, in the
+// form of messagesOf: what the core rules make of a text the extensions accept.
+std::string coreMessagesOf(const std::string& text);
+
+// The tree dump of `text` read with the extensions for real-world code from
+// the start, as a text that the core rules refuse is read, in the form of
+// treeOf. For tests of how an extension treats a construct that the core rules
+// accept, which a whole text only meets when something else in it needs the
+// extensions.
+std::string extendedTreeOf(const std::string& text);
+
 // Checks that a pass walking the tree can print every token: each positioned
 // node has begin <= end, begins at a token's start and ends at a token's end;
 // a node with a range holds its children's ranges; and leaves and the
@@ -39,6 +50,21 @@ std::string messagesOf(const std::string& text);
 std::string checkTree(Cpp::SyntaxNode& root, const std::string& text);
 
 } // namespace TwTest
+
+namespace Cpp {
+
+// Reaches the parser's private routines, for tests.
+class ParserTestAccess {
+public:
+    // parseClass on the tokens of `text`; its dump, or "null".
+    static std::string classDump(const std::string& text);
+    // Reads `text` by the core rules only, to its end, into `parsed`.
+    static void readCore(const std::string& text, TwTest::Parsed& parsed);
+    // Reads `text` with the extensions on, into `parsed`.
+    static void readExtended(const std::string& text, TwTest::Parsed& parsed);
+};
+
+} // namespace Cpp
 
 // Compares the tree dump of `code` with `expected`, at the calling line.
 #define EXPECT_TREE(code, expected) EXPECT_EQ(::TwTest::treeOf(code), expected)

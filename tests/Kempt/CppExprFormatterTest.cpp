@@ -160,6 +160,21 @@ TEST(CppExprFormatterTest, NestedClosingAnglesKeepTheirBlank)
     EXPECT_EXPR(set, "std::vector<std::vector<int> > v", "std::vector< std::vector< int > > v");
 }
 
+TEST(CppExprFormatterTest, ListsClosedByOneDoubleAngleAreCopiedAsTheyStand)
+{
+    // ">>" closing two lists cannot be split between them: the lists stay as
+    // they are written, and nothing in them reads as a comparison. What
+    // follows them is laid out as usual.
+    const PropertySet set = scheme({{Prop::WS_BETWEEN_EXPR_OP_OPERANDS, " "},
+                                    {Prop::WS_AFTER_TP_OPEN_BRACKET, ""},
+                                    {Prop::WS_BEFORE_TP_CLOSE_BRACKET, ""}});
+    EXPECT_EXPR(set, "std::vector<std::vector<int>> v", "std::vector<std::vector<int>> v");
+    EXPECT_EXPR(set, "std::map< int, std::vector< int >> m", "std::map< int, std::vector< int >> m");
+    EXPECT_EXPR(set, "f<A<int>>(a + b)", "f<A<int>>(a+b)");
+    // With one list open, ">>" stays a shift.
+    EXPECT_EXPR(set, "a < b >> c", "a<b>>c");
+}
+
 TEST(CppExprFormatterTest, EmptyAngleBracketsLoseTheirBlanks)
 {
     const PropertySet set = scheme({{Prop::WS_BEFORE_TP_CLOSE_BRACKET, " "}, {Prop::WS_AFTER_TP_OPEN_BRACKET, " "}});
