@@ -2,7 +2,8 @@
 int f(int  a)
 {
 #ifdef WIDE
-    if (a > 0) {
+    if (a > 0)
+    {
 #else
     if (a) {
 #endif

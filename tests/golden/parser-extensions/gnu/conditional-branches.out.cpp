@@ -3,11 +3,12 @@ int
 f (int  a)
 {
 #ifdef WIDE
-  if (a > 0) {
-  #else
-  if (a) {
-  #endif
+  if (a > 0)
+    {
+#else
+    if (a) {
+#endif
       a++;
-  }
+    }
   return  a;
 }

@@ -2,7 +2,11 @@
 int
 f (int  n)
 {
-  if constexpr (N > 2) { return n; }
-  if _CONSTEXPR (N > 1) n++;
+  if constexpr (N > 2)
+    {
+      return n;
+    }
+  if _CONSTEXPR (N > 1)
+      n++;
   return  n;
 }

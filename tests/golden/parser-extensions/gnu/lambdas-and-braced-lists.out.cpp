@@ -2,7 +2,7 @@
 void
 f (std::vector<int> &v)
 {
-  auto add = [&](int x) { v.push_back(x); return x; };
+  auto add = [&](int x) { v.push_back (x); return x; };
   std::sort (v.begin (), v.end (), [](int a, int b) { return a < b; });
   g ({1, 2});
 }

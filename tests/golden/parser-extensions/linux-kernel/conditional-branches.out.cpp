@@ -3,10 +3,10 @@ int f(int  a)
 {
 #ifdef WIDE
 	if (a > 0) {
-	#else
-	if (a) {
-	#endif
-	    a++;
+#else
+    if (a) {
+#endif
+		a++;
 	}
 	return  a;
 }

@@ -2,7 +2,7 @@
 BEGIN_DECLS
 namespace a {
 NS_BEGIN
-int  f(int x);
+int f(int x);
 NS_END
 }
 int g(int  y)

@@ -2,11 +2,12 @@
 int f(int  a)
     {
 #ifdef WIDE
-    if (a > 0) {
+    if (a > 0)
+        {
 #else
     if (a) {
 #endif
         a++;
-    }
+        }
     return  a;
     }
