@@ -199,6 +199,11 @@ void CppFormatter::flushPending(const Cpp::SyntaxNode& node)
 //   "\n  " with the top at 4  ->  "\n" and six blanks
 void CppFormatter::writeWhiteSpace(std::string_view text)
 {
+    // "\n  " before a brace: with relative offsets (GNU, Whitesmiths) the
+    // blanks count from the column of the construct that owns the brace;
+    // otherwise they are written as they stand, from the left edge.
+    if (!m_layout.braceOffsetRelative)
+        return writeLiteral(text);
     const std::size_t nl = text.rfind('\n');
     const std::string_view tail = nl == std::string_view::npos ? text : text.substr(nl + 1);
     const bool lineStart = nl != std::string_view::npos || m_out.col() == 0;

@@ -123,7 +123,7 @@ public:
         WsSetting fnBeforeComma, fnBetweenParams, fnAfterOpenParen, fnBeforeCloseParen;
         WsSetting csBeforeOpenBrace, csAfterKey, csAfterOpenBrace, csBetween, csBeforeCloseBrace, csIndent;
         WsSetting csBetweenForClauses, csAfterOpenParen, csBeforeCloseParen, csCaseContentIndent, csCaseLabelIndent;
-        WsSetting csAfterCaseLabels;
+        WsSetting csAfterCaseLabels, csSingleStmtIndent;
         WsSetting afterParamTypeId, afterDataTypeId, dataIndent, afterFnDeclReturnType, afterFnDefnReturnType;
         WsSetting beforeDataComma, betweenDataElements, betweenOperands, afterCallName;
         WsSetting tpBeforeOpenBracket, tpAfterOpenBracket, tpBeforeComma, tpBetweenParams, tpBeforeCloseBracket;
@@ -138,6 +138,7 @@ public:
         bool alignEnumInitializers = false;
         std::int32_t asteriskAnchor = -1, ampersandAnchor = -1;
         bool hangingAsterisk = false, hangingAmpersand = false;
+        bool braceOffsetRelative = false;
     };
 
 private:

@@ -226,8 +226,12 @@ void CppFormatter::emitCtrlSubStmt(Cpp::CtrlSubStmtNode& node)
         return formatBlock(*body, flat, l.csAfterOpenBrace, l.csBeforeCloseBrace);
     }
     // 6. Case labels are placed by emitCase; the statements behind them take
-    //    the switch body's indent.
-    formatBlock(*body, isSwitch ? l.csCaseContentIndent : l.csIndent, l.csAfterOpenBrace, l.csBeforeCloseBrace);
+    //    the switch body's indent. A body without braces takes the single
+    //    statement indent where the scheme has one (GNU: 2, braced bodies 4).
+    const WsSetting& indent = isSwitch                                           ? l.csCaseContentIndent
+                              : !hasBraces(*body) && l.csSingleStmtIndent.isSet() ? l.csSingleStmtIndent
+                                                                                 : l.csIndent;
+    formatBlock(*body, indent, l.csAfterOpenBrace, l.csBeforeCloseBrace);
 }
 
 void CppFormatter::emitCtrlSubStmtHead(Cpp::CtrlSubStmtHeadNode& node)

@@ -86,6 +86,7 @@ void readControl(const PropertySet& p, CppFormatter::Layout& l)
     load(p, Prop::WS_BETWEEN_CS, l.csBetween);
     load(p, Prop::WS_BEFORE_CS_CLOSE_BRACE, l.csBeforeCloseBrace);
     load(p, Prop::INDENT_CS_CONTENT, l.csIndent);
+    load(p, Prop::INDENT_CS_SINGLE_STMT, l.csSingleStmtIndent);
     load(p, Prop::WS_BETWEEN_CS_FOR_CLAUSES, l.csBetweenForClauses);
     load(p, Prop::WS_AFTER_CS_OPEN_PAREN, l.csAfterOpenParen);
     load(p, Prop::WS_BEFORE_CS_CLOSE_PAREN, l.csBeforeCloseParen);
@@ -152,6 +153,7 @@ void CppFormatter::readProperties()
     m_lineWrap = readBool(p, Prop::LINE_WRAP);
     m_tabSize = std::max<std::int32_t>(readInt(p, Prop::TAB_SIZE, 1), 0);
     readBraces(p, m_layout);
+    m_layout.braceOffsetRelative = readBool(p, Prop::BRACE_OFFSET_RELATIVE);
     readClasses(p, m_layout);
     readFunctions(p, m_layout);
     readControl(p, m_layout);

@@ -58,6 +58,8 @@ constexpr std::array EFFECTS = {
     Effect{Prop::WS_AFTER_CS_OPEN_BRACE, IN_EFFECT, ""},
     Effect{Prop::WS_BEFORE_CS_CLOSE_BRACE, IN_EFFECT, ""},
     Effect{Prop::INDENT_CS_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::INDENT_CS_SINGLE_STMT, IN_EFFECT, ""},
+    Effect{Prop::BRACE_OFFSET_RELATIVE, IN_EFFECT, ""},
     Effect{Prop::WS_BETWEEN_CS, IN_EFFECT, ""},
     Effect{Prop::INDENT_CS_CASE_LABELS, IN_EFFECT, ""},
     Effect{Prop::INDENT_CS_CASE_CONTENT, IN_EFFECT, ""},

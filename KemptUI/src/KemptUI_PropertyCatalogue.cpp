@@ -108,6 +108,11 @@ constexpr Page LW = Page::LINE_WRAPPING;
 // the fields that carry a globalSource below.
 constexpr PropertyInfo CATALOGUE[] = {
     // Global Settings
+    {.name = P::BRACE_OFFSET_RELATIVE, .kind = K::FLAG, .page = G,
+     .label = "Indent braces from the statement that owns them", .fallback = false,
+     .note = "True: blanks after the last newline of a brace setting (\"\\n  \") are added to the indent of the "
+             "construct that owns the brace, as GNU and Whitesmiths braces need. False or not set: they are "
+             "written from the left edge."},
     {.name = P::TAB_SIZE, .kind = K::NUMBER, .page = G, .label = "Tab size:", .fallback = 4, .minimum = 0,
      .maximum = 32767, .note = "A formatting run of a scheme without it uses 1."},
     {.name = P::CONVERT_WS, .kind = K::CHOICE, .page = G, .group = "Convert", .fallback = 1,
@@ -195,6 +200,9 @@ constexpr PropertyInfo CATALOGUE[] = {
 
     // Control Statements
     amount(P::INDENT_CS_CONTENT, CS, "Body:", P::GLOBAL_INDENT_CONTENT),
+    {.name = P::INDENT_CS_SINGLE_STMT, .kind = K::AMOUNT, .page = CS, .label = "Single statement body:",
+     .fallback = EMPTY_TEXT,
+     .note = "The body of a control statement without braces. Not set: the Body indent (INDENT_CS_CONTENT)."},
     amount(P::INDENT_CS_CASE_LABELS, CS, "Case labels:"),
     amount(P::INDENT_CS_CASE_CONTENT, CS, "Case content:"),
     ws(P::WS_AFTER_CS_KEY, CS, "After keyword:"),

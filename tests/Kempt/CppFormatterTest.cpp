@@ -474,6 +474,38 @@ TEST(CppFormatterTest, ControlStatementContentIndentsFromTheStatementsColumn)
                   "void f()\n{\nif(a){while(b)b--;}\n}");
 }
 
+TEST(CppFormatterTest, BraceOffsetsCountFromTheLeftEdgeUnlessRelative)
+{
+    // "\n  " before a control statement's braces: without the relative flag
+    // the blanks are written as they stand, so the braces of a nested "if"
+    // land two columns from the left edge.
+    PropertySet set = control();
+    set.setString(Prop::WS_BEFORE_CS_OPEN_BRACE, "\n  ");
+    set.setString(Prop::WS_BEFORE_CS_CLOSE_BRACE, "\n  ");
+    EXPECT_FORMAT(set, "void f()\n{\n    if (a)\n  {\n        b();\n  }\n}", "void f()\n{\nif(a){b();}\n}");
+    // With it, they count from the statement's column at every depth (GNU).
+    set.setBool(Prop::BRACE_OFFSET_RELATIVE, true);
+    EXPECT_FORMAT(set,
+                  "void f()\n{\n    if (a)\n      {\n        if (b)\n          {\n            c();\n          }\n"
+                  "      }\n}",
+                  "void f()\n{\nif(a){if(b){c();}}\n}");
+    // A value without blanks after its newline is the same either way.
+    set.setString(Prop::WS_BEFORE_CS_OPEN_BRACE, "\n");
+    set.setString(Prop::WS_BEFORE_CS_CLOSE_BRACE, "\n");
+    EXPECT_FORMAT(set, "void f()\n{\n    if (a)\n    {\n        b();\n    }\n}", "void f()\n{\nif(a){b();}\n}");
+}
+
+TEST(CppFormatterTest, SingleStatementBodiesTakeTheirOwnIndentWhenSet)
+{
+    PropertySet set = control();
+    // Not set: an unbraced body takes the body indent.
+    EXPECT_FORMAT(set, "void f()\n{\n    if (a)\n        b();\n    for (;;)\n    {\n        c();\n    }\n}",
+                  "void f()\n{\nif(a)b();\nfor(;;){c();}\n}");
+    set.setString(Prop::INDENT_CS_SINGLE_STMT, "  ");
+    EXPECT_FORMAT(set, "void f()\n{\n    if (a)\n      b();\n    for (;;)\n    {\n        c();\n    }\n}",
+                  "void f()\n{\nif(a)b();\nfor(;;){c();}\n}");
+}
+
 TEST(CppFormatterTest, ContentWithoutAnIndentSettingTakesTheIndentInForce)
 {
     // INDENT_CS_CONTENT not set: the body's lines get the indent of the
