@@ -108,11 +108,6 @@ constexpr Page LW = Page::LINE_WRAPPING;
 // the fields that carry a globalSource below.
 constexpr PropertyInfo CATALOGUE[] = {
     // Global Settings
-    {.name = P::BRACE_OFFSET_RELATIVE, .kind = K::FLAG, .page = G,
-     .label = "Indent braces from the statement that owns them", .fallback = false,
-     .note = "True: blanks after the last newline of a brace setting (\"\\n  \") are added to the indent of the "
-             "construct that owns the brace, as GNU and Whitesmiths braces need. False or not set: they are "
-             "written from the left edge."},
     {.name = P::TAB_SIZE, .kind = K::NUMBER, .page = G, .label = "Tab size:", .fallback = 4, .minimum = 0,
      .maximum = 32767, .note = "A formatting run of a scheme without it uses 1."},
     {.name = P::CONVERT_WS, .kind = K::CHOICE, .page = G, .group = "Convert", .fallback = 1,
@@ -125,6 +120,11 @@ constexpr PropertyInfo CATALOGUE[] = {
     ws(P::GLOBAL_WS_AFTER_OPEN_BRACE, G, "After body open:"),
     ws(P::GLOBAL_WS_BEFORE_CLOSE_BRACE, G, "Before body close:"),
     ws(P::GLOBAL_WS_BEFORE_COMMA, G, "Before comma:"),
+    {.name = P::BRACE_OFFSET_RELATIVE, .kind = K::FLAG, .page = G,
+     .label = "Indent braces from the statement that owns them", .fallback = false,
+     .note = "True: blanks after the last newline of a brace setting (\"\\n  \") are added to the indent of the "
+             "construct that owns the brace, as GNU and Whitesmiths braces need. False or not set: they are "
+             "written from the left edge."},
     doNotFormat(P::GLOBALS_DO_NOT_FORMAT, G),
 
     // Namespaces

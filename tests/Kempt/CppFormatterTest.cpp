@@ -543,6 +543,7 @@ TEST(CppFormatterTest, BlanksAtALineStartCountFromTheStatement)
     // "\n  " in front of a brace: two columns in from the statement, at any
     // depth (GNU).
     PropertySet set = with(with(control(), Prop::WS_BEFORE_CS_OPEN_BRACE, "\n  "), Prop::WS_BEFORE_CS_CLOSE_BRACE, "\n  ");
+    set.setBool(Prop::BRACE_OFFSET_RELATIVE, true);
     EXPECT_FORMAT(set,
                   "void f()\n{\n    if (a)\n      {\n        if (b)\n          {\n            x();\n          }\n      }\n}",
                   "void f()\n{\nif (a) { if (b) { x(); } }\n}");

@@ -59,7 +59,7 @@ TEST(PropertyCatalogueTest, CountsByRole)
     std::map<PropertyRole, int> count;
     for (const PropertyInfo& p : catalogue())
         ++count[p.role];
-    EXPECT_EQ(count[PropertyRole::OPTION], 103);
+    EXPECT_EQ(count[PropertyRole::OPTION], 105);
     EXPECT_EQ(count[PropertyRole::DO_NOT_FORMAT], 13);
     EXPECT_EQ(count[PropertyRole::USE_GLOBAL], 8);
     EXPECT_EQ(count[PropertyRole::NO_PAGE], 8);
@@ -118,7 +118,7 @@ TEST(PropertyCatalogueTest, FieldsOfThePagesInOrder)
                                         "GLOBAL_WS_AFTER_OPEN_PAREN", "GLOBAL_WS_BEFORE_CLOSE_PAREN",
                                         "GLOBAL_WS_BEFORE_OPEN_BRACE", "GLOBAL_WS_AFTER_OPEN_BRACE",
                                         "GLOBAL_WS_BEFORE_CLOSE_BRACE", "GLOBAL_WS_BEFORE_COMMA",
-                                        "GLOBALS_DO_NOT_FORMAT"}));
+                                        "BRACE_OFFSET_RELATIVE", "GLOBALS_DO_NOT_FORMAT"}));
     EXPECT_EQ(names(Page::PREPROCESSOR), (std::vector<std::string>{"ALIGN_PPD_LEFT_MOST", "PPD_DO_NOT_FORMAT"}));
     EXPECT_EQ(names(Page::MEMBER_INITS),
               (std::vector<std::string>{"WS_BEFORE_CLASS_INIT_LIST", "WS_AFTER_CLASS_INIT_LIST",
@@ -126,13 +126,13 @@ TEST(PropertyCatalogueTest, FieldsOfThePagesInOrder)
                                         "WS_BETWEEN_CLASS_INITS", "MEMBERINITS_DO_NOT_FORMAT"}));
     // The hidden field of an unused name is no field of the page.
     const std::vector<std::string> cs = names(Page::CONTROL_STATEMENTS);
-    EXPECT_EQ(cs.size(), 17u);
+    EXPECT_EQ(cs.size(), 18u);
     EXPECT_EQ(std::count(cs.begin(), cs.end(), "WS_BETWEEN_CS_CASES"), 0);
     EXPECT_TRUE(names(Page::NONE).empty());
     std::size_t onPages = 0;
     for (const PageInfo& page : pages())
         onPages += propertiesOn(page.page).size();
-    EXPECT_EQ(onPages, 124u);
+    EXPECT_EQ(onPages, 126u);
 }
 
 TEST(PropertyCatalogueTest, LabelsOfTheFunctionsPage)

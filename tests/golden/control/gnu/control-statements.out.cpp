@@ -15,9 +15,9 @@ f (int c)
       x = 3;
     }
   if (a)
-      b ();
+    b ();
   else
-      c ();
+    c ();
   while (x < 10)
     {
       x++;

@@ -3,10 +3,10 @@ void
 f ()
 {
   if (a)
-      b ();
+    b ();
   else
-      c ();
+    c ();
   for (;;)
-      if (done ())
-          break;
+    if (done ())
+      break;
 }

@@ -7,6 +7,6 @@ f (int  n)
       return n;
     }
   if _CONSTEXPR (N > 1)
-      n++;
+    n++;
   return  n;
 }

@@ -24,9 +24,9 @@ else
   }
 
 if (x < y)
-    y = 0;
+  y = 0;
 else
-    x = 1;
+  x = 1;
 
 try
   {

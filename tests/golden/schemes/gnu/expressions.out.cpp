@@ -10,7 +10,7 @@ main (void)
     {
       age[i++] = temp;
       if (i < size)
-          cin >> temp;
+        cin >> temp;
     }
 }
 
