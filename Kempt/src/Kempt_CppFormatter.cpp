@@ -189,7 +189,7 @@ void CppFormatter::flushPending(const Cpp::SyntaxNode& node)
     const std::string value = m_pendingWhiteSpace.front();
     m_pendingWhiteSpace.pop_front();
     std::string gap = readUpTo(node.begin());
-    writeLiteral(setTrailingWhiteSpace(gap, value));
+    writeWhiteSpace(setTrailingWhiteSpace(gap, value));
 }
 
 // A set white-space value, written as it is. Blanks it asks for at the start

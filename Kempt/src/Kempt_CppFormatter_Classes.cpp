@@ -288,7 +288,7 @@ void CppFormatter::emitEnumBody(Cpp::EnumBodyNode& node)
     gap = readUpTo(node.end());
     if (l.enumBeforeCloseBrace.isSet()) {
         const std::string& s = l.enumBeforeCloseBrace.text();
-        writeLiteral(setTrailingWhiteSpace(gap, endsWithItsNewline(last) ? afterLineEnd(s) : s));
+        writeWhiteSpace(setTrailingWhiteSpace(gap, endsWithItsNewline(last) ? afterLineEnd(s) : s));
     } else {
         write(gap);
     }

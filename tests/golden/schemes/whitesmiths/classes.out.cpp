@@ -1,13 +1,13 @@
 class clsA : public clsB, public clsC
     {
-public:
+    public:
     clsA(int x, char *y);
     ~clsA();
     int getX() const;
     char *getY() const;
     void setX(int newX);
     void setY(char *newY);
-private:
+    private:
     int memberX;
     char *memberY;
     bool memberZ;
@@ -16,13 +16,13 @@ private:
 union Location
     {
     struct Point2d
-    {
+        {
         float x;
         float y;
         };
 
     struct Point3d
-    {
+        {
         float x;
         float y;
         float z;

@@ -7,9 +7,9 @@
 
 class A : public B, C
     {
-public:
+    public:
     A(int num);
-private:
+    private:
     int m_Num;
     };
 
@@ -33,12 +33,12 @@ int main(void)
 namespace NS
     {
     enum Seasons
-    {
+        {
         spring,
         summer,
         autumn,
         winter
-    };
+        };
     }
 
 char *userName = 0;

@@ -1,7 +1,7 @@
 namespace Outer
     {
     class X
-    {
+        {
         X();
         ~X();
         };
@@ -9,7 +9,7 @@ namespace Outer
     namespace Inner
         {
         class Y
-    {
+            {
             Y();
             ~Y();
             };

@@ -13,7 +13,7 @@ namespace Utils
     {
     template <class H, class T>
     struct TypeList
-    {
+        {
         typedef H Head;
         typedef T Tail;
         };
@@ -22,8 +22,8 @@ namespace Utils
 template <class Type>
 class Stack
     {
-public:
+    public:
     Stack();
-private:
+    private:
     int top;
     };
