@@ -16,6 +16,7 @@
 #include "Kempt_FormatMessage.h"
 #include "Kempt_FormatSettings.h"
 #include "Kempt_NormaliseProperties.h"
+#include "Kempt_PropertyEffect.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_PropertySet.h"
 #include "Kempt_TokenComparison.h"

@@ -4,8 +4,10 @@
 #include "Cpp_Lexer.h"
 #include "Cpp_Parser.h"
 #include "Cpp_RootNode.h"
+#include "Kempt_CppFormatter.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_ProtectedRangeScanner.h"
+#include "Kempt_SourceText.h"
 #include "Varnel_Contract.h"
 
 #include <array>
@@ -42,6 +44,46 @@ std::streamoff remainingSize(std::istream& in)
     const std::streampos end = buf->pubseekoff(0, std::ios_base::end, std::ios_base::in);
     buf->pubseekpos(here, std::ios_base::in);
     return end == std::streampos(-1) ? -1 : std::streamoff(end - here);
+}
+
+// The line break a text uses most: "\r\n", "\r" or "\n" (ties go in that
+// order).
+std::string dominantLineBreak(std::string_view text)
+{
+    std::size_t crlf = 0;
+    std::size_t cr = 0;
+    std::size_t lf = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r') {
+            if (i + 1 < text.size() && text[i + 1] == '\n') {
+                ++crlf;
+                ++i;
+            } else {
+                ++cr;
+            }
+        } else if (text[i] == '\n') {
+            ++lf;
+        }
+    }
+    if (crlf >= cr && crlf >= lf)
+        return "\r\n";
+    return cr >= lf ? "\r" : "\n";
+}
+
+// `text` with each "\n" written as `lineBreak`.
+std::string withLineBreaks(const std::string& text, const std::string& lineBreak)
+{
+    if (lineBreak == "\n")
+        return text;
+    std::string out;
+    out.reserve(text.size() + text.size() / 16);
+    for (const char c : text) {
+        if (c == '\n')
+            out += lineBreak;
+        else
+            out += c;
+    }
+    return out;
 }
 
 // One run of the pipeline: the two whole-text streams and the objects that
@@ -133,16 +175,39 @@ private:
     }
 
     // Prints the next text of the pass from the tree of the current one. The
-    // walkers of the three passes have not been built yet, so each pass
-    // prints its text as it stands.
+    // format pass runs the formatter; the brace rewriter and the line wrapper
+    // are not built yet, and their passes print the text as it stands.
     void print(PassKind pass, Cpp::RootNode& root)
     {
-        (void)pass;
-        (void)root;
         const std::string_view text = m_source.view();
         reserveResult(text.size());
-        m_result.write(text.data(), static_cast<std::streamsize>(text.size()));
+        if (pass != PassKind::FORMAT) {
+            m_result.write(text.data(), static_cast<std::streamsize>(text.size()));
+            m_result.flush();
+            return;
+        }
+        {
+            CppFormatter formatter(std::string(text), m_result, m_settings);
+            root.accept(formatter);
+        }
         m_result.flush();
+        keepLineBreaks(text);
+    }
+
+    // The formatter writes "\n" for every line break. The text keeps the
+    // line breaks of its source: a text whose lines did not change is the
+    // source itself, byte for byte, whatever mix of line breaks it has; a
+    // changed one gets the source's most frequent kind.
+    void keepLineBreaks(std::string_view source)
+    {
+        if (source.find('\r') == std::string_view::npos)
+            return;
+        const std::string formatted = std::move(m_result).str();
+        if (formatted == normaliseLineBreaks(source)) {
+            m_result.str(std::string(source));
+            return;
+        }
+        m_result.str(withLineBreaks(formatted, dominantLineBreak(source)));
     }
 
     // Gives the result stream room for a text a little longer than the source,

@@ -9,9 +9,11 @@ namespace Kempt {
 
 namespace {
 
+// A "//" comment, a directive, and a backslash at the end of a line all end
+// with their newline; trimming it away would join the next line to them.
 bool carriesNewline(std::int32_t type)
 {
-    return type == Cpp::LINE_COMMENT || type == Cpp::PREPROC_DIRECTIVE;
+    return type == Cpp::LINE_COMMENT || type == Cpp::PREPROC_DIRECTIVE || type == Cpp::LINE_CONTINUATION;
 }
 
 bool holdsNewline(std::string_view text)

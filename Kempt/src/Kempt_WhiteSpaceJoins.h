@@ -11,8 +11,9 @@
 
 namespace Kempt {
 
-// The first, respectively the last, token of the text is a "//" comment or a
-// directive: a token that carries its own newline.
+// The first, respectively the last, token of the text is a "//" comment, a
+// directive or a line continuation (a backslash at the end of a line): a
+// token that carries its own newline.
 bool startsWithLineComment(std::string_view text);
 bool endsWithLineComment(std::string_view text);
 

@@ -3,6 +3,7 @@
 #include "KemptUI_PropertyReference.h"
 
 #include "KemptUI_PropertyCatalogue.h"
+#include "Kempt_PropertyEffect.h"
 #include "Kempt_PropertySet.h"
 
 #include <ostream>
@@ -101,6 +102,19 @@ std::string notesText(const PropertyInfo& info)
     return text;
 }
 
+// "yes", "partly: where", "not yet", "editor": whether the passes of this
+// build act on the option.
+std::string effectText(const PropertyInfo& info)
+{
+    switch (Kempt::propertyEffect(info.name)) {
+    case Kempt::PropertyEffect::IN_EFFECT: return "yes";
+    case Kempt::PropertyEffect::PARTLY: return "partly: " + cell(Kempt::effectNote(info.name));
+    case Kempt::PropertyEffect::NOT_YET: return "not yet";
+    case Kempt::PropertyEffect::EDITOR: return "editor";
+    }
+    return "";
+}
+
 void writeIntroduction(std::ostream& out)
 {
     out << "<!-- Generated from the property catalogue (KemptUI/src/KemptUI_PropertyCatalogue.cpp).\n"
@@ -122,7 +136,12 @@ void writeIntroduction(std::ostream& out)
         << "| Version | text | the program version that last converted the scheme |\n\n"
         << "*Fallback* is what the scheme editor takes when a scheme lacks the option\n"
         << "(it then marks the scheme as changed); *none* leaves the decision to the\n"
-        << "formatting run. *Label* is the text of the option's field in the editor.\n";
+        << "formatting run. *Label* is the text of the option's field in the editor.\n\n"
+        << "*Acts* says whether the formatting passes of this version act on the\n"
+        << "option: *yes*; *partly*, and where; *not yet*: the construct it lays out\n"
+        << "(classes, namespaces, enums, template heads, data declarations, control\n"
+        << "statements, brace rewriting, line wrapping) still comes out as it stands;\n"
+        << "*editor*: a page flag that only the scheme editor reads.\n";
 }
 
 void writePage(std::ostream& out, const PageInfo& page)
@@ -130,23 +149,29 @@ void writePage(std::ostream& out, const PageInfo& page)
     out << "\n## " << cell(displayText(page.title)) << "\n\n"
         << "Page `" << page.className << "`. Do not format: " << code(page.doNotFormat) << ". Use global settings: "
         << (page.useGlobal ? code(page.useGlobal) : std::string("none")) << ".\n\n"
-        << "| Option | Kind | Values | Fallback | Label | Notes |\n|---|---|---|---|---|---|\n";
+        << "| Option | Kind | Values | Fallback | Label | Acts | Notes |\n|---|---|---|---|---|---|---|\n";
     for (const PropertyInfo* info : propertiesOn(page.page)) {
         out << "| " << code(info->name) << " | " << kindName(info->kind) << " | " << valuesText(*info) << " | "
-            << fallbackText(*info) << " | " << labelText(*info) << " | " << notesText(*info) << " |\n";
+            << fallbackText(*info) << " | " << labelText(*info) << " | " << effectText(*info) << " | "
+            << notesText(*info) << " |\n";
     }
 }
 
-void writeRole(std::ostream& out, PropertyRole role, const char* title, const char* introduction)
+void writeRole(std::ostream& out, PropertyRole role, const char* title, const char* introduction, bool acts)
 {
-    out << "\n## " << title << "\n\n" << introduction << "\n\n| Option | Kind | Notes |\n|---|---|---|\n";
+    out << "\n## " << title << "\n\n"
+        << introduction << "\n\n"
+        << (acts ? "| Option | Kind | Acts | Notes |\n|---|---|---|---|\n" : "| Option | Kind | Notes |\n|---|---|---|\n");
     for (const PropertyInfo& info : catalogue()) {
         if (info.role != role)
             continue;
         std::string notes = notesText(info);
         if (*info.label)
             notes += std::string(notes.empty() ? "" : " ") + "Label: " + labelText(info) + ".";
-        out << "| " << code(info.name) << " | " << kindName(info.kind) << " | " << notes << " |\n";
+        out << "| " << code(info.name) << " | " << kindName(info.kind) << " | ";
+        if (acts)
+            out << effectText(info) << " | ";
+        out << notes << " |\n";
     }
 }
 
@@ -158,13 +183,13 @@ void writePropertyReference(std::ostream& out)
     for (const PageInfo& page : pages())
         writePage(out, page);
     writeRole(out, PropertyRole::NO_PAGE, "Options on no page",
-              "Read by the formatting passes, but edited on no page; set them in the scheme file.");
+              "Read by the formatting passes, but edited on no page; set them in the scheme file.", true);
     writeRole(out, PropertyRole::VERSION, "Scheme version",
-              "Written into every scheme that Tidewright converts; older schemes are upgraded at start.");
+              "Written into every scheme that Tidewright converts; older schemes are upgraded at start.", false);
     writeRole(out, PropertyRole::UNUSED, "Kept, unused",
-              "Nothing reads these; a scheme that holds them is read and written unchanged.");
+              "Nothing reads these; a scheme that holds them is read and written unchanged.", false);
     writeRole(out, PropertyRole::RETIRED, "Retired",
-              "Written by older versions; the conversion at start renames or erases them.");
+              "Written by older versions; the conversion at start renames or erases them.", false);
 }
 
 std::string propertyReference()

@@ -1,6 +1,6 @@
 // The format driver: pass sequence, progress and cancellation, the analysis
-// that ends a run on a text that does not parse, and whole-text fidelity while
-// the passes print the text as it stands.
+// that ends a run on a text that does not parse, whole-text fidelity with a
+// scheme that sets nothing, the format pass and the line breaks of the text.
 #include "Kempt.h"
 #include "Varnel_Contract.h"
 
@@ -273,3 +273,40 @@ TEST(FormatEngineTest, AnElseIfChainOfTenThousandBranchesGoesThroughThePipeline)
 
 } // namespace
 
+// The format pass runs the formatter, and the text keeps its line breaks.
+
+namespace {
+
+FormatSettings indentedBodies()
+{
+    Kempt::PropertySet set("bodies");
+    set.setString(Kempt::Prop::INDENT_FN_CONTENT, "    ");
+    set.setString(Kempt::Prop::LEFT_MARGIN, "");
+    return FormatSettings(set);
+}
+
+TEST(FormatEnginePassesTest, TheFormatPassLaysTheTextOut)
+{
+    const RunResult run = format("void f()\n{\nx();\n}\n", indentedBodies());
+    EXPECT_EQ(run.result, 0);
+    EXPECT_EQ(run.out, "void f()\n{\n    x();\n}\n");
+}
+
+TEST(FormatEnginePassesTest, CrLfTextKeepsCrLf)
+{
+    EXPECT_EQ(format("void f()\r\n{\r\nx();\r\n}\r\n", indentedBodies()).out, "void f()\r\n{\r\n    x();\r\n}\r\n");
+    EXPECT_EQ(format("void f()\r{\rx();\r}\r", indentedBodies()).out, "void f()\r{\r    x();\r}\r");
+}
+
+TEST(FormatEnginePassesTest, UnchangedTextWithMixedLineBreaksIsByteForByte)
+{
+    const std::string text = "void f()\r\n{\n    x();\r}\r\n";
+    EXPECT_EQ(format(text, indentedBodies()).out, text);
+}
+
+TEST(FormatEnginePassesTest, ChangedTextWithMixedLineBreaksTakesTheMostFrequent)
+{
+    EXPECT_EQ(format("void f()\r\n{\r\nx();\n}\r\n", indentedBodies()).out, "void f()\r\n{\r\n    x();\r\n}\r\n");
+}
+
+} // namespace

@@ -185,6 +185,13 @@ TEST(OTextDocStreamTest, NewlineEndsAnUnterminatedLiteral)
     EXPECT_EQ(target.str(), "\"abc\n    x");
 }
 
+TEST(OTextDocStreamTest, EscapedNewlineContinuesALiteral)
+{
+    // "a\<newline>        b": the blanks belong to the string, in every mode.
+    EXPECT_EQ(write(2, 4, "\"a\\\n        b\"\t").text, "\"a\\\n        b\"\t");
+    EXPECT_EQ(write(1, 4, "\"a\\\n\tb\"\tx").text, "\"a\\\n\tb\"  x");
+}
+
 TEST(OTextDocStreamTest, ModeTwoKeepsBlanksInsideALiteral)
 {
     EXPECT_EQ(write(2, 4, "\"        \"").text, "\"        \"");

@@ -133,9 +133,20 @@ TEST_F(CliTest, UnreadableFileIsUsageErrorNamingIt)
     EXPECT_NE(dir.err.find("directory"), std::string::npos);
 }
 
+TEST_F(CliTest, StandardInputIsFormatted)
+{
+    // The default scheme indents a function body by four blanks; the text
+    // keeps its CR LF line breaks.
+    const Result r = run({}, "int main()\r\n{\r\n\treturn 0;\r\n}\r\n");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, "int main()\r\n{\r\n    return 0;\r\n}\r\n");
+    EXPECT_EQ(r.err, "");
+}
+
 TEST_F(CliTest, StandardInputPassesUnchanged)
 {
-    for (const std::string& text : {std::string("int main()\r\n{\r\n\treturn 0;\r\n}\r\n"), std::string(""),
+    // Texts the default scheme leaves as they are, bytes and line breaks.
+    for (const std::string& text : {std::string("int main()\r\n{\r\n    return 0;\r\n}\r\n"), std::string(""),
                                     std::string("#if 0\n\x01\x02\xff\xfe junk \"unterminated\n'\n#endif\n"),
                                     std::string("x;")}) {
         const Result r = run({}, text);

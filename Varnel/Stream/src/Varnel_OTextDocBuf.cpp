@@ -51,9 +51,12 @@ void OTextDocBuf::setTabSize(std::int32_t tabSize)
 void OTextDocBuf::trackLiteral(char c)
 {
     if (m_quote != EOF_CHAR) {
-        // "abc<newline>: an unterminated literal ends with its line.
-        if (c == '\n')
-            m_quote = EOF_CHAR;
+        // "abc<newline>: an unterminated literal ends with its line; a
+        // backslash in front of the newline continues it on the next one.
+        if (c == '\n') {
+            if (m_last != '\\')
+                m_quote = EOF_CHAR;
+        }
         // "a\"b": an escaped quote does not end it.
         else if (c == m_quote && m_last != '\\')
             m_quote = EOF_CHAR;

@@ -15,7 +15,9 @@
 //  2. Held blanks (mode 2) only ever start at a tab stop, so a run that grows
 //     to tabSize blanks ends exactly on the next stop and becomes one tab.
 //  3. quote is the opening quote of the literal being written, or EOF. A
-//     newline always ends a literal; inside one, tabs and blanks pass as they are.
+//     newline ends a literal unless a backslash stands in front of it (the
+//     literal then goes on on the next line); inside one, tabs and blanks
+//     pass as they are.
 #ifndef VARNEL_OTEXTDOCBUF_H
 #define VARNEL_OTEXTDOCBUF_H
 

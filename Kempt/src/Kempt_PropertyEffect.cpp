@@ -1,0 +1,120 @@
+// The options the passes of this build act on, one table.
+#include "Kempt_PropertyEffect.h"
+
+#include "Kempt_PropertyNames.h"
+
+#include <array>
+
+namespace Kempt {
+
+namespace {
+
+struct Effect {
+    std::string_view name;
+    PropertyEffect effect;
+    std::string_view note;
+};
+
+using enum PropertyEffect;
+
+// Every option that is not NOT_YET. Function heads, parameter lists, member
+// initialisers, function bodies as blocks, comments, directives and
+// expression statements are laid out; classes, namespaces, enums, templates,
+// data declarations and control statements come out as they stand, and no
+// brace rewriting or line wrapping happens yet.
+constexpr std::array EFFECTS = {
+    Effect{Prop::TAB_SIZE, IN_EFFECT, ""},
+    Effect{Prop::CONVERT_WS, IN_EFFECT, ""},
+    Effect{Prop::LEFT_MARGIN, IN_EFFECT, ""},
+    // Functions.
+    Effect{Prop::WS_BEFORE_FN_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_FN_NAME, IN_EFFECT, ""},
+    Effect{Prop::INDENT_FN_CONTENT, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_FN_OPEN_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_FN_CLOSE_BRACE, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_FN_COMMA, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_FN_PARAMS, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_FN_OPEN_PAREN, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_FN_CLOSE_PAREN, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_FN_PARAMS_LEFT, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_FN_DECL_NAMES_LEFT, IN_EFFECT, ""},
+    Effect{Prop::FN_DO_NOT_FORMAT, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_FN_DECL_RETURN_TYPE, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_FN_DEFN_RETURN_TYPE, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_PARAM_TYPE_ID, IN_EFFECT, ""},
+    // Member initialisers.
+    Effect{Prop::WS_BEFORE_CLASS_INIT_LIST, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_CLASS_INITS, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_CLASS_INITS_COMMA, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_CLASS_INITS, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_CLASS_INIT_LIST, IN_EFFECT, ""},
+    // Expressions, pointers and references.
+    Effect{Prop::WS_BETWEEN_EXPR_OP_OPERANDS, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_UNARY_OP_OPERAND, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_FN_CALL_NAME, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_FN_CALL_COMMA, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_FN_CALL_ARGS, IN_EFFECT, ""},
+    Effect{Prop::ALIGN_FN_CALL_ARGS_LEFT, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_EXPR_OPEN_PAREN, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_EXPR_CLOSE_PAREN, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_LBRACKET, IN_EFFECT, ""},
+    Effect{Prop::WS_AFTER_LBRACKET, IN_EFFECT, ""},
+    Effect{Prop::WS_BEFORE_RBRACKET, IN_EFFECT, ""},
+    Effect{Prop::ASTERISK_ANCHOR, IN_EFFECT, ""},
+    Effect{Prop::AMPERSAND_ANCHOR, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_ASTERISK_ANCHOR, IN_EFFECT, ""},
+    Effect{Prop::WS_BETWEEN_AMPERSAND_ANCHOR, IN_EFFECT, ""},
+    Effect{Prop::HANGING_ASTERISK, IN_EFFECT, ""},
+    Effect{Prop::HANGING_AMPERSAND, IN_EFFECT, ""},
+    // Template arguments inside expressions and types; template heads wait.
+    Effect{Prop::WS_AFTER_TP_OPEN_BRACKET, PARTLY, "template arguments in expressions and types"},
+    Effect{Prop::WS_BEFORE_TP_CLOSE_BRACKET, PARTLY, "template arguments in expressions and types"},
+    Effect{Prop::WS_BETWEEN_TP_PARAMS, PARTLY, "template arguments in expressions and types"},
+    // Directives.
+    Effect{Prop::ALIGN_PPD_LEFT_MOST, IN_EFFECT, ""},
+    // Read by the driver; the passes they switch on print the text as it stands.
+    Effect{Prop::LINE_WRAP, PARTLY, "adjacent string literals are joined; no line is wrapped yet"},
+    // Flags of the editor's pages.
+    Effect{Prop::GLOBALS_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::NAMESPACES_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::CLASS_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::ENUMS_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::MEMBERINITS_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::CONTROL_STATEMENTS_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::PPD_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::EXPR_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::POINTERSREFS_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::TEMPLATES_DO_NOT_FORMAT, EDITOR, ""},
+    Effect{Prop::NS_USE_GLOBAL_SETTINGS, EDITOR, ""},
+    Effect{Prop::CLASS_USE_GLOBAL_SETTINGS, EDITOR, ""},
+    Effect{Prop::ENUM_USE_GLOBAL_SETTINGS, EDITOR, ""},
+    Effect{Prop::FN_USE_GLOBAL_SETTINGS, EDITOR, ""},
+    Effect{Prop::DATA_USE_GLOBAL_SETTINGS, EDITOR, ""},
+    Effect{Prop::CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS, EDITOR, ""},
+    Effect{Prop::EXPR_USE_GLOBAL_SETTINGS, EDITOR, ""},
+    Effect{Prop::POINTERSREFS_USE_GLOBAL_SETTINGS, EDITOR, ""},
+};
+
+const Effect* find(std::string_view name)
+{
+    for (const Effect& e : EFFECTS)
+        if (e.name == name)
+            return &e;
+    return nullptr;
+}
+
+} // namespace
+
+PropertyEffect propertyEffect(std::string_view name)
+{
+    const Effect* e = find(name);
+    return e ? e->effect : NOT_YET;
+}
+
+std::string_view effectNote(std::string_view name)
+{
+    const Effect* e = find(name);
+    return e ? e->note : std::string_view();
+}
+
+} // namespace Kempt

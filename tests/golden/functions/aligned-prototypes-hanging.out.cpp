@@ -1,0 +1,4 @@
+// With HANGING_ASTERISK the "*" hangs one column left of the aligned names.
+int    *first();
+long    second();
+char   **third();
