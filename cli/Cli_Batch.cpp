@@ -4,6 +4,7 @@
 #include "App_MessageLine.h"
 #include "App_MessageSink.h"
 #include "App_OrderedPool.h"
+#include "App_ProgramFiles.h"
 #include "App_TextJob.h"
 #include "App_UserMessages.h"
 #include "Cli_Inputs.h"
@@ -372,7 +373,8 @@ bool Batch::chooseScheme(const std::string& path, std::shared_ptr<const Kempt::P
 
 bool Batch::extensionListed(const std::string& name, Report& report)
 {
-    if (App::isFormattableFile(name, m_settings.extensions))
+    // A directory named without -r goes on to the file job, which says what it is.
+    if (App::isFormattableFile(name, m_settings.extensions) || App::isDirectory(name))
         return true;
     ReportSink sink(m_settings.threshold, report.err);
     sink.addMessage(KemptUI::fillTemplate(App::userMessages().extensionNotListed, {name}) + " Listed: "
@@ -398,7 +400,9 @@ void Batch::writeError(const std::string& text)
 void Batch::deliver(Report& report)
 {
     ++m_delivered;
-    if (report.cancelled)
+    // After standard output failed, files already under way are not shown:
+    // the command stops as if they had not been started.
+    if (report.cancelled || m_outputFailed)
         return;
     ++m_done;
     writeError(report.err);

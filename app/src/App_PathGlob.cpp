@@ -59,8 +59,8 @@ PathGlob::PathGlob(const std::string& pattern) : m_pattern(pattern)
     }
     const bool anchored = text.find('/') != std::string::npos;
     m_parts = pathParts(text);
-    // No "/": the name at any depth.
-    if (!anchored)
+    // No "/": the name at any depth. A pattern with no part matches nothing.
+    if (!anchored && !m_parts.empty())
         m_parts.insert(m_parts.begin(), "**");
 }
 
