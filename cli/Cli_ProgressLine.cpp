@@ -59,8 +59,14 @@ std::string durationText(std::chrono::seconds seconds)
     return text;
 }
 
-ProgressLine::ProgressLine(bool enabled) : m_enabled(enabled), m_start(Clock::now())
+ProgressLine::ProgressLine(bool enabled, std::size_t width)
+    : m_enabled(enabled), m_width(width), m_start(Clock::now())
 {
+}
+
+std::size_t ProgressLine::width() const
+{
+    return m_width > 1 ? m_width : terminalWidth();
 }
 
 ProgressLine::~ProgressLine()
@@ -98,9 +104,9 @@ void ProgressLine::file(int done, int number, const std::string& path)
         tail = "  (about " + durationText(std::chrono::duration_cast<std::chrono::seconds>(left)) + " left)";
     }
     // The path gives way first, from its start: its end names the file.
-    const std::size_t width = terminalWidth() - 1;
+    const std::size_t room = width() - 1;
     const std::size_t fixed = columns(head) + columns(tail);
-    draw(head + keepEnd(App::oneLine(path), width > fixed ? width - fixed : 0) + tail, false);
+    draw(head + keepEnd(App::oneLine(path), room > fixed ? room - fixed : 0) + tail, false);
 }
 
 void ProgressLine::clear()
@@ -120,11 +126,11 @@ void ProgressLine::draw(const std::string& text, bool force)
         return;
     m_lastDraw = now;
     std::string line = App::oneLine(text);
-    const std::size_t width = terminalWidth() - 1;
+    const std::size_t room = width() - 1;
     // Cut before the first character past the width, never inside one.
     std::size_t seen = 0;
     for (std::size_t i = 0; i < line.size(); ++i) {
-        if ((static_cast<unsigned char>(line[i]) & 0xC0) != 0x80 && ++seen > width) {
+        if ((static_cast<unsigned char>(line[i]) & 0xC0) != 0x80 && ++seen > room) {
             line.erase(i);
             break;
         }

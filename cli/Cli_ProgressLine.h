@@ -16,13 +16,15 @@
 #define CLI_PROGRESSLINE_H
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 
 namespace Cli {
 
 class ProgressLine {
 public:
-    explicit ProgressLine(bool enabled);
+    // `width`: the terminal's columns; 0 asks the terminal at each draw.
+    explicit ProgressLine(bool enabled, std::size_t width = 0);
     ~ProgressLine();
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
@@ -40,7 +42,10 @@ private:
     void draw(const std::string& text, bool force);
 
     using Clock = std::chrono::steady_clock;
+    std::size_t width() const;
+
     bool m_enabled;
+    std::size_t m_width;
     bool m_shown = false;
     int m_total = 0;
     Clock::time_point m_start;
