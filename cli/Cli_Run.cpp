@@ -5,6 +5,8 @@
 //   tidewright -i [--backup[=EXT] | --no-backup] FILE...   format each FILE in place, safely
 //   tidewright --check [FILE...]                 write nothing; name each file that would change
 //   tidewright --diff [--color=WHEN] [FILE...]   write nothing; print a unified diff of each such file
+//   ... -r DIR...  --project PATH                the files beneath directories, of a project or workspace
+//   ... --exclude GLOB --extensions LIST -j N    what the walks leave out, what they take, how many threads
 //   tidewright --print-effective-scheme FILE     say which scheme formats FILE, and why
 //   tidewright --print-settings                  the settings file and its values
 //   tidewright --dump-tokens | --dump-tree [FILE...]
@@ -15,6 +17,9 @@
 // StandaloneOnFormat; else "default". --assume-filename NAME gives standard
 // input a name for that search, for the extension check and for messages.
 //
+// A batch runs on -j threads (default: one per core); what it shows comes in
+// the order of its files (Cli_Batch.h). Ctrl-C stops it with status 130.
+//
 // Messages go to standard error: errors and warnings by default, -v adds
 // information lines, -q shows none. Exit status: 0 when every input
 // succeeded, 1 when any failed (or would change, under --check and --diff) or
@@ -22,9 +27,12 @@
 #include "Cli_Run.h"
 #include "Cli_StandardOutput.h"
 
+#include "App_ExtensionList.h"
+#include "App_FileCollection.h"
 #include "App_FileJob.h"
 #include "App_MessageLine.h"
 #include "App_MessageSink.h"
+#include "App_ProgramFiles.h"
 #include "App_SchemeChoice.h"
 #include "App_SchemeFile.h"
 #include "App_SchemeStore.h"
@@ -33,7 +41,10 @@
 #include "App_TextJob.h"
 #include "App_UnifiedDiff.h"
 #include "App_UserMessages.h"
+#include "Cli_Batch.h"
 #include "Cli_Inputs.h"
+#include "Cli_Interrupt.h"
+#include "Cli_ProgressLine.h"
 #include "Cpp_TokenDump.h"
 #include "KemptUI_UserTexts.h"
 #include "Kempt.h"
@@ -51,16 +62,13 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
 namespace Cli {
 
 namespace {
-
-enum ExitStatus { SUCCESS = 0, FAILED = 1, USAGE = 2 };
-
-enum class Mode { PRINT, IN_PLACE, CHECK, DIFF };
 
 struct Options {
     std::vector<std::string> files;
@@ -85,32 +93,12 @@ struct Options {
     bool quiet = false;
     bool noVerify = false;
     std::string maxSize;
-};
-
-void complain(const std::string& text)
-{
-    std::cerr << "tidewright: " << text << '\n';
-}
-
-// Flushes standard output and tells whether everything written reached it. A
-// full disk or a closed file must not pass for success: a script that formats
-// into a temporary file and moves it over the source would lose code.
-bool outputWritten()
-{
-    if (std::cout.flush())
-        return true;
-    const int error = StandardOutput::currentError();
-    complain(std::string("cannot write to standard output") + (error ? ": " + std::string(std::strerror(error)) : ""));
-    return false;
-}
-
-// The job's messages, one line each on standard error.
-class TerminalSink : public App::MessageSink {
-public:
-    using App::MessageSink::MessageSink;
-
-protected:
-    void deliver(const std::string& text, int) override { std::cerr << App::oneLine(text) << '\n'; }
+    bool recursive = false;
+    std::string project;
+    std::vector<std::string> excludes;
+    std::string extensions;
+    bool extensionsGiven = false;
+    unsigned jobs = 0; // 0: one per core
 };
 
 // Runs one input through `work`, turning internal errors into a failed input.
@@ -174,39 +162,61 @@ bool colourWanted(const std::string& when)
     return ::isatty(STDOUT_FILENO) && !std::getenv("NO_COLOR") && !(term && std::string(term) == "dumb");
 }
 
+// The batch commands' steps, recorded for the batch to run.
+class StepRecorder : public App::BatchTarget {
+public:
+    explicit StepRecorder(std::vector<Step>& steps) : m_steps(steps) {}
+    void message(const std::string& text, int severity) override
+    {
+        m_steps.push_back(Step{Step::Kind::MESSAGE, text, severity, false});
+    }
+    void formatFile(const std::string& path) override { m_steps.push_back(Step{Step::Kind::FILE, path, 1, false}); }
+
+private:
+    std::vector<Step>& m_steps;
+};
+
+// The batch commands' feedback on a terminal: no questions (the command is
+// the confirmation), Ctrl-C for cancel, the counting walk on the progress line.
+class CommandFeedback : public App::BatchFeedback {
+public:
+    explicit CommandFeedback(ProgressLine& progress) : m_progress(progress) {}
+    void setStatus(const std::string& text) override { m_progress.status(text); }
+    bool cancelled() override { return interrupted(); }
+
+private:
+    ProgressLine& m_progress;
+};
+
 // Everything a formatting command needs, set up once.
 class Session {
 public:
     Session(const Options& options, App::Settings settings, const App::FormatFunction& format)
         : m_options(options), m_settings(std::move(settings)), m_request(makeRequest(options, m_settings)),
-          m_chooser(m_request), m_sink(threshold(options)), m_format(format)
+          m_chooser(m_request), m_format(format)
     {
-        m_jobOptions.createBackups = m_settings.createBackups;
-        m_jobOptions.backupExtension = m_settings.backupExtension;
-        if (options.backupGiven) {
-            m_jobOptions.createBackups = true;
-            if (!options.backup.empty())
-                m_jobOptions.backupExtension = options.backup;
-        }
-        if (options.noBackup)
-            m_jobOptions.createBackups = false;
-        m_jobOptions.verify = !options.noVerify;
-        if (!options.maxSize.empty())
-            App::parseSize(options.maxSize, m_jobOptions.maxSize);
+        if (options.extensionsGiven)
+            m_settings.fileExtensions = options.extensions;
+        for (const std::string& glob : options.excludes)
+            m_excludes.emplace_back(glob);
     }
 
     int run()
     {
         if (!m_options.printEffective.empty())
             return printEffectiveScheme();
+        const InterruptGuard guard;
+        ProgressLine progress(::isatty(STDERR_FILENO) && !m_options.quiet);
+        std::vector<Step> steps;
         int status = SUCCESS;
-        for (const std::string& name : inputNames(m_options.files)) {
-            status = std::max(status, runOne(name));
-            // Nothing more can reach the output; the inputs after this one are not read.
-            if (!outputWritten())
-                return std::max<int>(status, FAILED);
+        if (!plan(steps, progress, status)) {
+            progress.clear();
+            complain("interrupted: 0 files done");
+            return INTERRUPTED;
         }
-        return status;
+        Batch batch(batchSettings(), m_chooser, m_format, progress);
+        const int ran = batch.run(steps);
+        return ran == INTERRUPTED ? ran : std::max(status, ran);
     }
 
 private:
@@ -222,13 +232,6 @@ private:
         return request;
     }
 
-    static int threshold(const Options& options)
-    {
-        if (options.quiet)
-            return 0;
-        return options.verbose ? 1 : 2;
-    }
-
     Mode mode() const
     {
         if (m_options.inPlace)
@@ -240,130 +243,103 @@ private:
         return Mode::PRINT;
     }
 
-    // The scheme for the input; false when it cannot be had, which has been
-    // told (each distinct error once).
-    bool chooseScheme(const std::string& path, Kempt::PropertySet& set)
+    BatchSettings batchSettings() const
+    {
+        BatchSettings b;
+        b.mode = mode();
+        b.jobOptions.createBackups = m_settings.createBackups;
+        b.jobOptions.backupExtension = m_settings.backupExtension;
+        if (m_options.backupGiven) {
+            b.jobOptions.createBackups = true;
+            if (!m_options.backup.empty())
+                b.jobOptions.backupExtension = m_options.backup;
+        }
+        if (m_options.noBackup)
+            b.jobOptions.createBackups = false;
+        b.jobOptions.verify = !m_options.noVerify;
+        if (!m_options.maxSize.empty())
+            App::parseSize(m_options.maxSize, b.jobOptions.maxSize);
+        b.threshold = m_options.quiet ? 0 : m_options.verbose ? 1 : 2;
+        b.quiet = m_options.quiet;
+        b.diffStyle.colour = colourWanted(m_options.color);
+        b.assumeFilename = m_options.assumeFilename;
+        b.threads = m_options.jobs ? m_options.jobs : std::max(1u, std::thread::hardware_concurrency());
+        b.extensions = m_settings.extensionList();
+        b.extensionsText = m_options.extensionsGiven ? m_options.extensions
+            : m_settings.fileExtensions.empty()      ? std::string(App::DEFAULT_FILE_EXTENSIONS)
+                                                     : m_settings.fileExtensions;
+        b.extensionsSource = m_options.extensionsGiven ? "--extensions" : "the setting FileExtensions";
+        return b;
+    }
+
+    // The scheme a command's lines name: the one that formats files in `path`.
+    std::string schemeNameFor(const std::string& path)
     {
         App::SchemeChoice choice;
         std::string error;
-        const bool ok = m_chooser.choose(path, choice, error);
-        for (const std::string& notice : m_chooser.takeNotices())
-            complain(notice);
-        if (!ok) {
-            if (m_errorsTold.insert(error).second)
-                complain(error);
+        return m_chooser.choose(path, choice, error) ? choice.set.name() : std::string();
+    }
+
+    App::CollectionSetup setup(const std::string& schemeName) const
+    {
+        App::CollectionSetup s;
+        s.extensions = m_settings.extensionList();
+        s.excludes = m_excludes;
+        s.excludeBase = "."; // a project's files are matched from the current directory
+        s.schemeName = schemeName;
+        return s;
+    }
+
+    // A file named on the command line that an exclusion pattern matches,
+    // from the current directory.
+    bool excluded(const std::string& name) const
+    {
+        if (m_excludes.empty() || name == "-")
             return false;
+        std::error_code ec;
+        const std::filesystem::path cwd = std::filesystem::current_path(ec);
+        std::filesystem::path path(name);
+        if (path.is_absolute())
+            path = path.lexically_normal().lexically_relative(cwd);
+        return App::isExcluded(m_excludes, path.lexically_normal().generic_string());
+    }
+
+    // The steps of the whole command: the project's, then each FILE's (a
+    // directory's under -r). False when Ctrl-C came meanwhile; `status`
+    // takes projects that could not be read (2) and directories (1).
+    bool plan(std::vector<Step>& steps, ProgressLine& progress, int& status)
+    {
+        StepRecorder recorder(steps);
+        CommandFeedback feedback(progress);
+        auto account = [&](const App::CollectionResult& r) {
+            if (r.end == App::CollectionResult::End::NOT_READ)
+                status = std::max<int>(status, USAGE);
+            if (r.problems > 0)
+                status = std::max<int>(status, FAILED);
+            return r.end != App::CollectionResult::End::CANCELLED;
+        };
+        if (!m_options.project.empty()) {
+            App::FileCollection commands(recorder, feedback, setup(schemeNameFor(m_options.project)));
+            if (!account(commands.formatProjectOrWorkspace(m_options.project)))
+                return false;
         }
-        set = std::move(choice.set);
-        return true;
-    }
-
-    // The extension test of the settings' list; false when the file is not
-    // to be formatted, which has been told.
-    bool extensionListed(const std::string& name)
-    {
-        if (App::isFormattableFile(name, m_settings.extensionList()))
-            return true;
-        m_sink.addMessage(KemptUI::fillTemplate(App::userMessages().extensionNotListed, {name})
-                              + " Listed: " + App::oneLine(m_settings.fileExtensions.empty()
-                                                               ? std::string(App::DEFAULT_FILE_EXTENSIONS)
-                                                               : m_settings.fileExtensions)
-                              + " (the setting FileExtensions).",
-                          2);
-        return false;
-    }
-
-    int runOne(const std::string& name)
-    {
-        const bool isStdin = name == "-";
-        // What standard input stands for, when --assume-filename names it.
-        const std::string searchPath = isStdin ? m_options.assumeFilename : name;
-        if (mode() == Mode::IN_PLACE) {
-            if (!extensionListed(name))
-                return FAILED;
-            Kempt::PropertySet set;
-            if (!chooseScheme(name, set))
-                return USAGE;
-            App::FileJob job(m_sink, m_jobOptions, m_format);
-            const App::JobResult r = job.formatFile(name, set);
-            return r == App::JobResult::FORMATTED || r == App::JobResult::EMPTY ? SUCCESS : FAILED;
-        }
-        const bool checkExtension = mode() != Mode::PRINT ? !isStdin || !m_options.assumeFilename.empty()
-                                                          : isStdin && !m_options.assumeFilename.empty();
-        if (checkExtension && !extensionListed(searchPath))
-            return FAILED;
-        if (mode() == Mode::PRINT)
-            return printFormatted(name, searchPath);
-        return examine(name, searchPath);
-    }
-
-    // Standard output mode: the formatted text, or nothing and message lines.
-    int printFormatted(const std::string& name, const std::string& searchPath)
-    {
-        return runInput(name, [&](Input& input) {
-            Kempt::PropertySet set;
-            if (!chooseScheme(searchPath, set))
-                return USAGE;
-            const std::string label = name == "-" && !m_options.assumeFilename.empty() ? m_options.assumeFilename
-                                                                                       : input.label();
-            std::ostringstream text;
-            text << input.stream().rdbuf();
-            std::istringstream in(text.str());
-            std::ostringstream out;
-            std::ostringstream errors;
-            Kempt::UpdateFunctor noProgress;
-            const bool ok = App::formatText(label, in, out, errors, set, noProgress, m_format);
-            if (!m_options.quiet)
-                std::cerr << errors.str();
-            if (!ok)
-                return FAILED;
-            if (m_jobOptions.verify) {
-                const Kempt::TokenComparison c = Kempt::compareTokens(text.str(), out.str());
-                if (!c.same) {
-                    m_sink.addMessage(KemptUI::fillTemplate(App::userMessages().tokensDiffer,
-                                                            {label, std::to_string(c.beforePosition.line),
-                                                             c.describe()}),
-                                      3);
-                    return FAILED;
-                }
+        const std::vector<std::string> names = m_options.files.empty() && !m_options.project.empty()
+            ? std::vector<std::string>{}
+            : inputNames(m_options.files);
+        for (const std::string& name : names) {
+            if (interrupted())
+                return false;
+            if (m_options.recursive && name != "-" && App::isDirectory(name)) {
+                App::FileCollection commands(recorder, feedback, setup(schemeNameFor(name)));
+                if (!account(commands.formatFolderTree(name)))
+                    return false;
+                continue;
             }
-            std::cout << out.str();
-            return SUCCESS;
-        });
-    }
-
-    // --check and --diff: formats in memory and tells what would change.
-    int examine(const std::string& name, const std::string& searchPath)
-    {
-        Kempt::PropertySet set;
-        if (!chooseScheme(searchPath, set))
-            return USAGE;
-        App::FileJob job(m_sink, m_jobOptions, m_format);
-        App::Examination e;
-        std::string label = name;
-        if (name == "-") {
-            label = m_options.assumeFilename.empty() ? std::string(STDIN_LABEL) : m_options.assumeFilename;
-            std::ostringstream text;
-            text << std::cin.rdbuf();
-            e = job.examineText(label, text.str(), set);
-        } else {
-            e = job.examineFile(name, set);
+            if (!excluded(name))
+                steps.push_back(Step{Step::Kind::FILE, name, 1, true});
         }
-        if (e.result == App::JobResult::EMPTY)
-            return SUCCESS;
-        if (e.result != App::JobResult::FORMATTED)
-            return FAILED;
-        if (e.output == e.input)
-            return SUCCESS;
-        if (mode() == Mode::CHECK) {
-            if (!m_options.quiet)
-                std::cout << App::oneLine(label) << ": would be reformatted\n";
-        } else {
-            App::DiffStyle style;
-            style.colour = colourWanted(m_options.color);
-            std::cout << App::unifiedDiff(label, e.input, e.output, style);
-        }
-        return FAILED;
+        progress.clear();
+        return !interrupted();
     }
 
     int printEffectiveScheme()
@@ -387,19 +363,18 @@ private:
     App::Settings m_settings;
     App::SchemeRequest m_request;
     App::SchemeChooser m_chooser;
-    TerminalSink m_sink;
-    App::JobOptions m_jobOptions;
     const App::FormatFunction& m_format;
-    std::set<std::string> m_errorsTold;
+    std::vector<App::PathGlob> m_excludes;
 };
 
 // Combinations that the parser cannot refuse by itself; an error text, or "".
 std::string usageError(const Options& o)
 {
-    const std::vector<std::string> names = inputNames(o.files);
+    const std::vector<std::string> names
+        = o.files.empty() && !o.project.empty() ? std::vector<std::string>{} : inputNames(o.files);
     const bool readsStdin = std::find(names.begin(), names.end(), "-") != names.end();
     if (o.inPlace && readsStdin)
-        return "-i/--in-place formats files: name at least one, and not - (standard input)";
+        return "-i/--in-place formats files: name at least one (or a --project), and not - (standard input)";
     if ((o.backupGiven || o.noBackup) && !o.inPlace)
         return "--backup and --no-backup go with -i/--in-place";
     if (!o.assumeFilename.empty() && !(names.size() == 1 && names.front() == "-"))
@@ -407,6 +382,14 @@ std::string usageError(const Options& o)
     if (o.backupGiven && o.backup.find_first_of("<>:\\/|?") != std::string::npos)
         return "invalid backup extension '" + o.backup
             + "': file extensions may not contain any of the following characters: \"<>:\\/|?\"";
+    if (o.extensionsGiven && App::parseExtensionList(o.extensions).empty())
+        return "--extensions names no extension: give a list such as c,cpp,h";
+    if (o.extensionsGiven && o.extensions.find_first_of("<>:\\/|?") != std::string::npos)
+        return "invalid --extensions '" + o.extensions
+            + "': file extensions may not contain any of the following characters: \"<>:\\/|?\"";
+    if (!o.project.empty() && App::projectKind(o.project) == App::ProjectKind::NONE)
+        return "--project takes a .dsp, .dsw, .vcxproj or .sln file, or a compile_commands.json: '" + o.project
+            + "' is none of these";
     std::uint64_t size = 0;
     if (!o.maxSize.empty() && !App::parseSize(o.maxSize, size))
         return "invalid --max-size '" + o.maxSize + "': give a number of bytes, optionally with K, M or G";
@@ -506,6 +489,26 @@ int runCommandLine(int argc, char** argv, const App::FormatFunction& format)
                    "The name of the text on standard input: for the extension check, the project scheme search "
                    "and messages")
         ->type_name("NAME");
+    app.add_flag("-r,--recursive", options.recursive,
+                 "Format the files beneath each FILE that is a directory: hidden entries, symbolic links, "
+                 "read-only files and files of other extensions are passed over");
+    app.add_option("--project", options.project,
+                   "Format the files of a project or workspace: .dsp, .dsw, .vcxproj, .sln or a "
+                   "compile_commands.json")
+        ->type_name("PATH");
+    app.add_option("--exclude", options.excludes,
+                   "Leave out files that match GLOB (repeatable): matched against the path from the walk's "
+                   "directory (else from the current directory); * ? [..] within a name, ** across directories; "
+                   "a GLOB without / matches a name at any depth")
+        ->type_name("GLOB")
+        ->allow_extra_args(false);
+    CLI::Option* extensions = app.add_option("--extensions", options.extensions,
+                                             "The extensions to format, such as c,cpp,h (instead of the setting "
+                                             "FileExtensions)")
+                                  ->type_name("LIST");
+    app.add_option("-j,--jobs", options.jobs, "Format N files at a time (default: one per processor core)")
+        ->type_name("N")
+        ->check(CLI::Range(1u, 1024u));
     CLI::Option* verbose = app.add_flag("-v,--verbose", options.verbose, "Also print information messages");
     CLI::Option* quiet = app.add_flag("-q,--quiet", options.quiet, "Print no messages; only the exit status tells");
     verbose->excludes(quiet);
@@ -551,6 +554,7 @@ int runCommandLine(int argc, char** argv, const App::FormatFunction& format)
         return USAGE;
     }
     options.backupGiven = backup->count() > 0;
+    options.extensionsGiven = extensions->count() > 0;
     return run(options, format);
 }
 

@@ -18,6 +18,8 @@ PACKAGES=(
   libcli11-dev   # command-line parsing for the tidewright tool
   libinih-dev    # reading the per-user settings file (INI)
   libdtl-dev     # the line diff behind --diff
+  libpugixml-dev # reading MSBuild projects (.vcxproj)
+  nlohmann-json3-dev # reading compilation databases (compile_commands.json)
   patch          # tests apply --diff output with patch -p0
 )
 

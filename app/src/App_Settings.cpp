@@ -1,6 +1,7 @@
 // The per-user settings file: reading with inih, writing whole and atomically.
 #include "App_Settings.h"
 
+#include "App_ExtensionList.h"
 #include "App_SafeWrite.h"
 #include "App_UserMessages.h"
 #include "KemptUI_PreviewSamples.h"
@@ -268,24 +269,7 @@ const std::vector<std::string>& previewKeys()
 
 std::vector<std::string> Settings::extensionList() const
 {
-    const std::string& text = fileExtensions.empty() ? std::string(DEFAULT_FILE_EXTENSIONS) : fileExtensions;
-    std::vector<std::string> list;
-    std::string piece;
-    auto finish = [&] {
-        const std::size_t first = piece.find_first_not_of(" \t.");
-        const std::size_t last = piece.find_last_not_of(" \t");
-        if (first != std::string::npos && last != std::string::npos && first <= last)
-            list.push_back(piece.substr(first, last - first + 1));
-        piece.clear();
-    };
-    for (const char c : text) {
-        if (c == ' ' || c == ';' || c == ',')
-            finish();
-        else
-            piece += c;
-    }
-    finish();
-    return list;
+    return parseExtensionList(fileExtensions.empty() ? std::string(DEFAULT_FILE_EXTENSIONS) : fileExtensions);
 }
 
 std::string settingsFilePath()

@@ -87,6 +87,35 @@ UserMessages buildMessages()
                      "%s. The file will not be formatted. Please report this as a bug.";
     m.extensionNotListed = "The file \"%s\" does not have a file extension registered with Tidewright as valid for "
                            "formatting.";
+
+    m.statusFileCommand = "Format a single file";
+    m.statusProjectCommand = "Format all C/C++ files in a Developer Studio project";
+    m.statusWorkspaceCommand = "Format all C/C++ files in a Developer Studio workspace";
+    m.statusTreeCommand = "Format all C/C++ files beneath a directory.";
+    m.sourceFilesFilter = "C++ Source Files|";
+    m.projectFilesFilter = "MS Visual Studio Project Files (*.dsp)|*.dsp||";
+    m.workspaceFilesFilter = "MS Visual Studio Workspace Files (*.dsw)|*.dsw||";
+    m.selectFolderTitle = "Select folder for formatting...";
+    m.confirmTree = "You have chosen to format all C/C++ files under the directory tree \"%s\". Are you sure you "
+                    "wish to continue?";
+    m.confirmProject = "You have chosen to format all C/C++ files in the project \"%s\". Are you sure you wish to "
+                       "continue?";
+    m.confirmWorkspace = "You have chosen to format all C/C++ files in the workspace \"%s\". Are you sure you wish "
+                         "to continue?";
+    m.confirmExtension = "The file \"%s\" does not have a file extension registered with Tidewright as valid for "
+                         "formatting. Format the file anyway?";
+    m.formattingTree = "Formatting files under directory \"%s\" using scheme \"%s\".";
+    m.formattingProject = "Formatting project \"%s\" using scheme \"%s\".";
+    m.formattingWorkspace = "Formatting workspace \"%s\" using scheme \"%s\".";
+    m.finishedTree = "Finished formatting directory tree.";
+    m.finishedProject = "Finished formatting project.";
+    m.finishedWorkspace = "Finished formatting workspace.";
+    m.cancelledByUser = "Format operation cancelled at user's request.";
+    m.creatingList = "Creating the list of C/C++ files in the directory tree %s";
+    m.addingFile = "Adding %s";
+    m.fileNumber = "Formatting file %d of %d";
+    m.directoryUnreadable = "The directory \"%s\" cannot be read (%s). The files under it will not be formatted.";
+    m.projectUnreadable = "The project \"%s\" cannot be read (%s). Its files will not be formatted.";
     return m;
 }
 

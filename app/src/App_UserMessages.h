@@ -59,6 +59,38 @@ struct UserMessages {
     std::string changedMeanwhile;
     std::string tokensDiffer;            // %s path, %s line, %s what differs
     std::string extensionNotListed;
+
+    // The batch commands: a folder tree, a project, a workspace, one file.
+    // Status texts of the commands (the menu's help line).
+    std::string statusFileCommand;
+    std::string statusProjectCommand;
+    std::string statusWorkspaceCommand;
+    std::string statusTreeCommand;
+    // What the pickers show.
+    std::string sourceFilesFilter;       // followed by "*.EXT;*.EXT||"
+    std::string projectFilesFilter;
+    std::string workspaceFilesFilter;
+    std::string selectFolderTitle;
+    // Questions (%s: the path).
+    std::string confirmTree;
+    std::string confirmProject;
+    std::string confirmWorkspace;
+    std::string confirmExtension;
+    // Information lines (%s: the path, then the scheme's name).
+    std::string formattingTree;
+    std::string formattingProject;
+    std::string formattingWorkspace;
+    std::string finishedTree;
+    std::string finishedProject;
+    std::string finishedWorkspace;
+    std::string cancelledByUser;
+    // Status and progress texts.
+    std::string creatingList;            // %s: the directory
+    std::string addingFile;              // %s: the path
+    std::string fileNumber;              // %d: the file's number, %d: how many
+    // Failures of a batch command.
+    std::string directoryUnreadable;     // %s: the directory, %s: why
+    std::string projectUnreadable;       // %s: the project, %s: why
 };
 
 // The table, built once.

@@ -163,7 +163,8 @@ TEST_F(CliTest, FilesAreFormattedInOrder)
     const fs::path b = file("b.h", "int b;\r\n");
     const Result r = run({a.string(), b.string()});
     EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(r.out, "int a;\nint b;\r\n");
+    // More than one file: a header line before each.
+    EXPECT_EQ(r.out, "==> " + a.string() + " <==\nint a;\n\n==> " + b.string() + " <==\nint b;\r\n");
 }
 
 TEST_F(CliTest, BadFileAmongGoodOnesIsReportedAndTheRestFormatted)
@@ -171,7 +172,8 @@ TEST_F(CliTest, BadFileAmongGoodOnesIsReportedAndTheRestFormatted)
     const fs::path a = file("a.cpp", "int a;\n");
     const Result r = run({a.string(), (m_dir / "gone.cpp").string(), a.string()});
     EXPECT_EQ(r.status, 2);
-    EXPECT_EQ(r.out, "int a;\nint a;\n");
+    // A file named twice is formatted once.
+    EXPECT_EQ(r.out, "==> " + a.string() + " <==\nint a;\n");
     EXPECT_NE(r.err.find("gone.cpp"), std::string::npos);
 }
 
@@ -249,7 +251,7 @@ TEST_F(CliTest, FileThatDoesNotParsePrintsMessageLinesOnStandardError)
     const fs::path b = file("b.cpp", "int b;\n");
     const Result r = run({a.string(), b.string()});
     EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.out, "int b;\n");
+    EXPECT_EQ(r.out, "==> " + b.string() + " <==\nint b;\n");
     EXPECT_EQ(r.err, a.string() + "(3) : error: col 5: public: protected: private: labels are not allowed inside block "
                                   "statements.\n");
 }

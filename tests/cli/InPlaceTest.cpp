@@ -3,6 +3,8 @@
 // levels and exit statuses; and kill -9 in the middle of an in-place batch.
 // Most tests run tidewright-fake, whose stand-in formatter squeezes blanks so
 // that there is something to write, check and diff.
+#include "CliTestSupport.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -27,52 +29,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Result {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-std::string readFile(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-void writeFile(const fs::path& path, const std::string& text)
-{
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << text;
-}
-
-std::string quote(const std::string& arg)
-{
-    std::string q = "'";
-    for (char c : arg)
-        q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return q + "'";
-}
-
-// What the stand-in formatter makes of a text: runs of blanks and tabs become
-// one blank, and blanks before a line end go.
-std::string squeezed(const std::string& text)
-{
-    std::string out;
-    std::string blanks;
-    for (const char c : text) {
-        if (c == ' ' || c == '\t') {
-            blanks = " ";
-            continue;
-        }
-        if (c != '\n' && c != '\r')
-            out += blanks;
-        blanks.clear();
-        out += c;
-    }
-    return out;
-}
+using tw_test::quote;
+using tw_test::readFile;
+using tw_test::Result;
+using tw_test::squeezed;
+using tw_test::writeFile;
 
 class InPlaceTest : public ::testing::Test {
 protected:
