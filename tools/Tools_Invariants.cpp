@@ -132,6 +132,8 @@ int parseArguments(int argc, char** argv, Options& options)
                              "drop, unstable\n";
                 return 2;
             }
+        } else if (a == "--max-listed" && value == "0") {
+            options.maxListed = 0; // every failing file
         } else if (!parseNumber(value, number)) {
             std::cerr << "tw-invariants: " << a << " takes a positive number, not \"" << value << "\"\n";
             return 2;

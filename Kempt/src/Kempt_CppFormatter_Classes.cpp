@@ -355,12 +355,16 @@ void CppFormatter::emitTemplate(Cpp::TemplateNode& node)
                                                        : gap);
         }
         formatList(*list, l.tpBeforeComma, l.tpBetweenParams, noWhiteSpace());
-        // 6. The gap in front of ">"; "X<T> >" never becomes "X<T>>".
+        // 6. The gap in front of ">"; "X<T> >" never becomes "X<T>>", and a
+        //    ">>" that closes the last parameter's list and the head is one
+        //    token, never split: "class = E<X<T>>" stays as it is.
         if (!list->empty()) {
-            gap = m_exprFormatter.formatTypeId(readUpTo(list->end()), state(), l.afterParamTypeId);
-            if (l.tpBeforeCloseBracket.isSet() && m_out.col() > 0) {
+            const std::string source = readUpTo(list->end());
+            const auto* lastParameter = dynamic_cast<const Cpp::ParameterNode*>(*(list->childrenEnd() - 1));
+            const bool sharedToken = !source.empty() && source.back() == '>';
+            gap = m_exprFormatter.formatTypeId(source, state(), l.afterParamTypeId);
+            if (l.tpBeforeCloseBracket.isSet() && m_out.col() > 0 && !sharedToken) {
                 std::string s = l.tpBeforeCloseBracket.text();
-                const auto* lastParameter = dynamic_cast<const Cpp::ParameterNode*>(*(list->childrenEnd() - 1));
                 if (s.empty() && lastParameter && lastParameter->endsInAngle())
                     s = " ";
                 setTrailingWhiteSpace(gap, s);

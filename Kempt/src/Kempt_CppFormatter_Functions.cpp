@@ -279,7 +279,19 @@ void CppFormatter::emitInitializer(Cpp::InitializerNode& node)
 
 void CppFormatter::emitParameter(Cpp::ParameterNode& node)
 {
-    std::string text = m_exprFormatter.formatTypeId(readThrough(node.end()), state(), m_layout.afterParamTypeId);
+    std::string source = readThrough(node.end());
+    // "class = E<X<T>>": the first half of the ">>" that follows closes this
+    // parameter's own argument list. It is formatted with the parameter, so
+    // that the list reads as one, and left in the input for the closing.
+    const std::size_t next = m_in.offset();
+    const bool closedByShared = node.endsInAngle() && next < m_source.text().size() &&
+                                m_source.text()[next] == '>' && !source.ends_with('>');
+    std::string text = m_exprFormatter.formatTypeId(closedByShared ? source + ">" : source, state(),
+                                                    m_layout.afterParamTypeId);
+    if (closedByShared && text.ends_with('>'))
+        text.pop_back();
+    else if (closedByShared)
+        text = source;
     if (endsInAsterisk(text) || endsInAmpersand(text))
         trimTrailingWhiteSpace(text);
     writeLiteral(text);

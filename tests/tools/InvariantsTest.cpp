@@ -172,6 +172,14 @@ TEST_F(InvariantsTest, AnUnstableOutputAndAChangedByteAreReported)
         << r.out;
     EXPECT_EQ(row(r.out, "default"), "corpus 4 3 75.0% 3 2 - 0 0") << r.out;
     EXPECT_EQ(row(r.out, "(no white space)"), "corpus 4 3 75.0% 3 2 2 0 0") << r.out;
+    // --max-listed 0 lists every failing file; 1 lists one and counts the rest.
+    const Result all = run({"--scheme", "default", "--scheme", "(no white space)", "--max-listed", "0",
+                            "--simulate-fault", "unstable:FAULT", corpus()});
+    EXPECT_EQ(all.status, 1) << all.err;
+    EXPECT_FALSE(has(all.out, "more (--max-listed 0 lists all)")) << all.out;
+    const Result one = run({"--scheme", "default", "--scheme", "(no white space)", "--max-listed", "1",
+                            "--simulate-fault", "unstable:FAULT", corpus()});
+    EXPECT_TRUE(has(one.out, "... and 1 more (--max-listed 0 lists all)")) << one.out;
 }
 
 TEST_F(InvariantsTest, UsageErrors)
