@@ -283,9 +283,9 @@ void CppFormatter::emitParameter(Cpp::ParameterNode& node)
     // "class = E<X<T>>": the first half of the ">>" that follows closes this
     // parameter's own argument list. It is formatted with the parameter, so
     // that the list reads as one, and left in the input for the closing.
-    const std::size_t next = m_in.offset();
-    const bool closedByShared = node.endsInAngle() && next < m_source.text().size() &&
-                                m_source.text()[next] == '>' && !source.ends_with('>');
+    const std::string_view rest = std::string_view(m_source.text()).substr(std::min(m_in.offset(), m_source.text().size()));
+    const bool closedByShared = rest.starts_with(">>") && !source.ends_with('>') &&
+                                std::count(source.begin(), source.end(), '<') > std::count(source.begin(), source.end(), '>');
     std::string text = m_exprFormatter.formatTypeId(closedByShared ? source + ">" : source, state(),
                                                     m_layout.afterParamTypeId);
     if (closedByShared && text.ends_with('>'))
