@@ -201,20 +201,29 @@ bool FileCollection::readList(const std::string& path, ProjectList& list, const 
     return false;
 }
 
+// The steps a project and a workspace share before their files: a scheme to
+// format with, the list read, and the user's yes.
+bool FileCollection::openList(const std::string& path, const std::string& missingText,
+                              const std::string& confirmTemplate, ProjectList& list, CollectionResult& result)
+{
+    if (!checkScheme(result))
+        return false;
+    m_feedback.clearMessages();
+    if (!readList(path, list, missingText, result))
+        return false;
+    if (m_feedback.confirm(fill(confirmTemplate, {path})))
+        return true;
+    result.end = CollectionResult::End::DECLINED;
+    return false;
+}
+
 CollectionResult FileCollection::formatProject(const std::string& path)
 {
     const UserMessages& texts = userMessages();
     CollectionResult result;
-    if (!checkScheme(result))
-        return result;
-    m_feedback.clearMessages();
     ProjectList list;
-    if (!readList(path, list, texts.noActiveProject, result))
+    if (!openList(path, texts.noActiveProject, texts.confirmProject, list, result))
         return result;
-    if (!m_feedback.confirm(fill(texts.confirmProject, {path}))) {
-        result.end = CollectionResult::End::DECLINED;
-        return result;
-    }
     // Item 0 is the project.
     const ProjectEntry& project = list.projects.front();
     m_target.message(fill(texts.formattingProject, {path, m_setup.schemeName}), INFORMATION);
@@ -233,16 +242,9 @@ CollectionResult FileCollection::formatWorkspace(const std::string& path)
 {
     const UserMessages& texts = userMessages();
     CollectionResult result;
-    if (!checkScheme(result))
-        return result;
-    m_feedback.clearMessages();
     ProjectList list;
-    if (!readList(path, list, texts.noWorkspace, result))
+    if (!openList(path, texts.noWorkspace, texts.confirmWorkspace, list, result))
         return result;
-    if (!m_feedback.confirm(fill(texts.confirmWorkspace, {path}))) {
-        result.end = CollectionResult::End::DECLINED;
-        return result;
-    }
     m_feedback.beginBatch();
     // A first pass sums the files of all projects for the bar.
     std::size_t total = 0;

@@ -71,6 +71,8 @@ public:
 private:
     bool checkScheme(CollectionResult& result);
     bool readList(const std::string& path, ProjectList& list, const std::string& missingText, CollectionResult& result);
+    bool openList(const std::string& path, const std::string& missingText, const std::string& confirmTemplate,
+                  ProjectList& list, CollectionResult& result);
     // The files of one project, numbered within it; false when cancelled.
     bool formatProjectFiles(const ProjectEntry& project, CollectionResult& result);
     void tellProjectProblems(const ProjectEntry& project, CollectionResult& result);

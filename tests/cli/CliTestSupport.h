@@ -4,12 +4,46 @@
 #ifndef TW_TESTS_CLITESTSUPPORT_H
 #define TW_TESTS_CLITESTSUPPORT_H
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <optional>
 #include <sstream>
 #include <string>
 
+#include <unistd.h>
+
 namespace tw_test {
+
+using Environment = std::map<std::string, std::optional<std::string>>;
+
+// A new, empty folder for the running test, with "home" and "work" in it.
+inline std::filesystem::path freshTestFolder(const std::string& prefix)
+{
+    const std::filesystem::path dir =
+        std::filesystem::temp_directory_path()
+        / (prefix + std::to_string(::getpid()) + "-" + ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    std::filesystem::remove_all(dir);
+    std::filesystem::create_directories(dir / "home");
+    std::filesystem::create_directories(dir / "work");
+    return dir;
+}
+
+// The environment of a command run in `dir`: its own home, scheme directory
+// and settings, nothing of the user's, and the stand-in formatter squeezing.
+inline Environment isolatedEnvironment(const std::filesystem::path& dir)
+{
+    return {{"HOME", (dir / "home").string()},
+            {"TIDEWRIGHT_SCHEME_DIR", (dir / "schemes").string()},
+            {"XDG_CONFIG_HOME", (dir / "config").string()},
+            {"XDG_DATA_HOME", std::nullopt},
+            {"TIDEWRIGHT_TRACE", std::nullopt},
+            {"NO_COLOR", std::nullopt},
+            {"TW_FAKE_DELAY_MS", std::nullopt},
+            {"TW_FAKE_FORMAT", "squeeze"}};
+}
 
 struct Result {
     int status;

@@ -39,18 +39,8 @@ class InPlaceTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        m_dir = fs::temp_directory_path() / ("tw-inplace-" + std::to_string(::getpid()) + "-"
-                                             + ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(m_dir);
-        fs::create_directories(m_dir / "home");
-        fs::create_directories(m_dir / "work");
-        m_env = {{"HOME", (m_dir / "home").string()},
-                 {"TIDEWRIGHT_SCHEME_DIR", (m_dir / "schemes").string()},
-                 {"XDG_CONFIG_HOME", (m_dir / "config").string()},
-                 {"XDG_DATA_HOME", std::nullopt},
-                 {"TIDEWRIGHT_TRACE", std::nullopt},
-                 {"NO_COLOR", std::nullopt},
-                 {"TW_FAKE_FORMAT", "squeeze"}};
+        m_dir = tw_test::freshTestFolder("tw-inplace-");
+        m_env = tw_test::isolatedEnvironment(m_dir);
     }
     void TearDown() override { fs::remove_all(m_dir); }
 
