@@ -4,7 +4,7 @@
 namespace App {
 
 OrderedPool::OrderedPool(unsigned threads, std::size_t window)
-    : m_threads(threads == 0 ? 1 : threads), m_window(window == 0 ? 4 * std::size_t{m_threads} : window)
+    : m_threads(threads == 0 ? 1 : threads), m_window(window == 0 ? 128 * std::size_t{m_threads} : window)
 {
     if (m_threads == 1)
         return;

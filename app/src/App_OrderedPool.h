@@ -40,7 +40,9 @@ public:
     using Task = std::function<void()>;
     using Delivery = std::function<void()>;
 
-    // `threads` 0 counts as 1; `window` 0 means four items per thread.
+    // `threads` 0 counts as 1; `window` 0 means 128 items per thread: enough
+    // for the other threads to go on with small files while one formats a
+    // file a few hundred times larger, instead of waiting for its delivery.
     explicit OrderedPool(unsigned threads, std::size_t window = 0);
     ~OrderedPool();
     OrderedPool(const OrderedPool&) = delete;
