@@ -93,9 +93,18 @@ std::int32_t CppFormatter::formatFunctionHead(Cpp::FunctionDeclNode& node)
     if (Cpp::ParameterListNode* list = head->parameters()) {
         std::string gap = readUpTo(list->begin());
         if (m_layout.fnAfterName.isSet()) {
-            if (!startsOrEndsWithLineComment(gap))
+            // A gap with a comment or directive that goes on to the next
+            // line before it takes no white space after the name, and a line comment keeps
+            // the blanks before it: added blanks would grow on each run.
+            const std::size_t text = gap.find_first_not_of(" \t");
+            const bool lineEndsFirst = text != std::string::npos && (gap[text] == '\n' || gap[text] == '\r') &&
+                                       !Varnel::trim(gap).empty();
+            if (lineEndsFirst)
+                gap.erase(0, text);
+            else if (!startsOrEndsWithLineComment(gap))
                 gap = std::string(Varnel::trim(gap));
-            writeLiteral(m_layout.fnAfterName.text());
+            if (!lineEndsFirst && (gap.empty() || (gap[0] != ' ' && gap[0] != '\t')))
+                writeLiteral(m_layout.fnAfterName.text());
         }
         write(gap);
         formatParameterList(*list, m_layout.fnAfterOpenParen, m_layout.fnBeforeComma, m_layout.fnBetweenParams,
