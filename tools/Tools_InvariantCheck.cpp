@@ -1,7 +1,9 @@
 // Formatting one file and checking what must hold of the result.
 #include "Tools_InvariantCheck.h"
 
+#include "Cpp_RootNode.h"
 #include "Kempt.h"
+#include "Tools_ControlShape.h"
 #include "Varnel_Contract.h"
 
 #include <sstream>
@@ -21,12 +23,53 @@ bool rewritesBraces(const Kempt::PropertySet& scheme)
     return false;
 }
 
+std::size_t firstDifferentCharacter(const std::string& a, const std::string& b)
+{
+    std::size_t at = 0;
+    while (at < a.size() && at < b.size() && a[at] == b[at])
+        ++at;
+    return at;
+}
+
 std::string firstMessage(const Kempt::FormatMessageList& messages)
 {
     if (messages.empty())
         return "no message";
     const Kempt::FormatMessage& m = messages.front();
     return "line " + std::to_string(m.position.line) + ":" + std::to_string(m.position.col) + ": " + m.text;
+}
+
+// The control shape of a text, or false when it does not parse.
+bool shapeOfText(const std::string& text, std::string& shape)
+{
+    Cpp::RootNode root;
+    Kempt::FormatMessageList messages;
+    if (!Kempt::analyseText(text, Kempt::defaultRegionMarkers(), root, messages))
+        return false;
+    shape = controlShape(root);
+    return true;
+}
+
+// Under a brace style: every `else` kept its `if`, and the statements their
+// bodies; the braces round single statements aside.
+void checkPairing(const std::string& text, const std::string& output, Verdict& verdict)
+{
+    std::string before;
+    std::string after;
+    if (!shapeOfText(text, before))
+        return; // the engine parsed it; the tree dump's parse agrees
+    if (!shapeOfText(output, after)) {
+        verdict.stillParses = false;
+        if (verdict.detail.empty())
+            verdict.detail = "the output does not parse";
+        return;
+    }
+    if (before != after) {
+        verdict.pairingKept = false;
+        if (verdict.detail.empty())
+            verdict.detail = "control statements changed their shape (an else changed its if?) at character "
+                + std::to_string(firstDifferentCharacter(before, after)) + " of the shape";
+    }
 }
 
 } // namespace
@@ -81,12 +124,15 @@ Verdict checkFile(const std::string& text, const SchemeUnderTest& scheme, const 
 
     // (a) Exactly the input's tokens, in order.
     const Kempt::TokenComparison tokens
-        = Kempt::compareTokens(text, first.output, Kempt::TokenComparisonOptions{rewritesBraces(scheme.properties)});
+        = Kempt::compareFormatted(Kempt::FormatSettings(scheme.properties, Kempt::defaultRegionMarkers()), text,
+                                  first.output);
     if (!tokens.same) {
         verdict.tokensKept = false;
         verdict.detail = "line " + std::to_string(tokens.beforePosition.line) + ":"
             + std::to_string(tokens.beforePosition.col) + ": " + tokens.describe();
     }
+    if (rewritesBraces(scheme.properties))
+        checkPairing(text, first.output, verdict);
     // Byte for byte, under a scheme that changes nothing.
     if (scheme.expectIdentical && first.output != text) {
         verdict.identical = false;

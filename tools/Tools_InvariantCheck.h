@@ -1,7 +1,10 @@
 // The invariants of one file under one scheme, for tw-invariants: the text is
 // formatted, and when it parses, the output must hold exactly the input's
 // tokens, formatting the output again must give the same bytes, and under a
-// scheme that changes nothing the output must be the input. An exception from
+// scheme that changes nothing the output must be the input. Under a scheme
+// with a brace style set, the braces the rewriter adds or removes are the one
+// token difference allowed, the output must still parse, and every `else`
+// must stay with its `if` (the control shapes of input and output agree). An exception from
 // the engine is caught and told; hangs and crashes are the caller's business
 // (see Tools_InvariantRunner.h).
 #ifndef TOOLS_INVARIANTCHECK_H
@@ -43,11 +46,13 @@ struct Verdict {
     bool tokensKept = true;
     bool stable = true;
     bool identical = true;
+    bool stillParses = true; // the output parses again
+    bool pairingKept = true; // brace styles: the control statements kept their shape
     bool crashed = false; // an exception left the engine
     bool hung = false;    // set by the runner, never by checkFile
     std::string detail;
 
-    bool passed() const { return !crashed && !hung && tokensKept && stable && identical; }
+    bool passed() const { return !crashed && !hung && tokensKept && stable && identical && stillParses && pairingKept; }
 };
 
 Verdict checkFile(const std::string& text, const SchemeUnderTest& scheme, const Formatter& format);

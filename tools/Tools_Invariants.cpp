@@ -289,6 +289,8 @@ struct Tally {
     std::size_t tokens = 0;
     std::size_t stable = 0;
     std::size_t identical = 0;
+    std::size_t unparsed = 0; // parsed, but the output does not
+    std::size_t pairings = 0; // brace styles: an else changed its if
     std::size_t crashes = 0;
     std::size_t hangs = 0;
 };
@@ -306,8 +308,12 @@ std::string kindOf(const Tools::Verdict& v)
         return "hang";
     if (v.crashed)
         return "crash";
+    if (!v.stillParses)
+        return "unparsable";
     if (!v.tokensKept)
         return "tokens";
+    if (!v.pairingKept)
+        return "pairing";
     if (!v.identical)
         return "bytes";
     return "unstable";
@@ -320,6 +326,15 @@ std::string percent(std::size_t part, std::size_t whole)
     return buffer;
 }
 
+// Two decimals: the goal for brace styles is 99.9 %.
+std::string stablePercent(std::size_t part, std::size_t whole)
+{
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%.2f%%",
+                  whole ? 100.0 * static_cast<double>(part) / static_cast<double>(whole) : 0.0);
+    return buffer;
+}
+
 void printTable(const std::vector<Tools::SchemeUnderTest>& schemes, const std::vector<Corpus>& corpora,
                 const std::map<std::pair<std::size_t, std::size_t>, Tally>& tallies)
 {
@@ -329,18 +344,20 @@ void printTable(const std::vector<Tools::SchemeUnderTest>& schemes, const std::v
     std::size_t corpusWidth = 6;
     for (const auto& c : corpora)
         corpusWidth = std::max(corpusWidth, c.label.size());
-    std::printf("%-*s  %-*s  %7s  %7s  %7s  %15s  %7s  %14s  %7s  %5s\n", static_cast<int>(schemeWidth), "scheme",
-                static_cast<int>(corpusWidth), "corpus", "files", "parsed", "parsed%", "token-identical", "stable",
-                "byte-identical", "crashes", "hangs");
+    std::printf("%-*s  %-*s  %7s  %7s  %7s  %15s  %7s  %7s  %14s  %10s  %8s  %7s  %5s\n",
+                static_cast<int>(schemeWidth), "scheme", static_cast<int>(corpusWidth), "corpus", "files", "parsed",
+                "parsed%", "token-identical", "stable", "stable%", "byte-identical", "unparsable", "pairing",
+                "crashes", "hangs");
     for (std::size_t s = 0; s < schemes.size(); ++s)
         for (std::size_t c = 0; c < corpora.size(); ++c) {
             const auto found = tallies.find({s, c});
             const Tally t = found == tallies.end() ? Tally() : found->second;
             const std::string identical = schemes[s].expectIdentical ? std::to_string(t.identical) : "-";
-            std::printf("%-*s  %-*s  %7zu  %7zu  %7s  %15zu  %7zu  %14s  %7zu  %5zu\n",
+            std::printf("%-*s  %-*s  %7zu  %7zu  %7s  %15zu  %7zu  %7s  %14s  %10zu  %8zu  %7zu  %5zu\n",
                         static_cast<int>(schemeWidth), schemes[s].name.c_str(), static_cast<int>(corpusWidth),
                         corpora[c].label.c_str(), t.files, t.parsed, percent(t.parsed, t.files).c_str(), t.tokens,
-                        t.stable, identical.c_str(), t.crashes, t.hangs);
+                        t.stable, stablePercent(t.stable, t.parsed).c_str(), identical.c_str(), t.unparsed,
+                        t.pairings, t.crashes, t.hangs);
         }
 }
 
@@ -373,6 +390,8 @@ int main(int argc, char** argv)
             t.tokens += v.parsed && v.tokensKept;
             t.stable += v.parsed && v.stable;
             t.identical += v.parsed && v.identical;
+            t.unparsed += v.parsed && !v.stillParses;
+            t.pairings += v.parsed && !v.pairingKept;
             t.crashes += v.crashed;
             t.hangs += v.hung;
             if (!v.passed())
