@@ -59,7 +59,8 @@ Options:
   --simulate-fault KIND:TEXT
                         for testing this tool: misbehave on every file whose
                         text holds TEXT; KIND is hang, crash, throw, drop
-                        (a token vanishes) or unstable
+                        (a token vanishes), unstable or unbrace (the first
+                        braces behind TEXT vanish)
   -h, --help            show this text
 
 In a directory, files ending in .c .cc .cpp .cxx .c++ .h .hh .hpp .hxx .h++
@@ -126,10 +127,10 @@ int parseArguments(int argc, char** argv, Options& options)
             const std::size_t colon = value.find(':');
             options.faultKind = value.substr(0, colon);
             options.faultText = colon == std::string::npos ? std::string() : value.substr(colon + 1);
-            const std::set<std::string> kinds{"hang", "crash", "throw", "drop", "unstable"};
+            const std::set<std::string> kinds{"hang", "crash", "throw", "drop", "unstable", "unbrace"};
             if (!kinds.count(options.faultKind) || options.faultText.empty()) {
                 std::cerr << "tw-invariants: --simulate-fault takes KIND:TEXT, KIND one of hang, crash, throw, "
-                             "drop, unstable\n";
+                             "drop, unstable, unbrace\n";
                 return 2;
             }
         } else if (a == "--max-listed" && value == "0") {
@@ -257,6 +258,20 @@ bool loadSchemes(const Options& options, std::vector<Tools::SchemeUnderTest>& sc
     return true;
 }
 
+// The first "{" behind `marker` and the first "}" behind that leave `output`,
+// as a brace rewriter that took out braces it must keep would leave it.
+void takeOutBraces(std::string& output, const std::string& marker)
+{
+    const std::size_t at = output.find(marker);
+    const std::size_t open = at == std::string::npos ? at : output.find('{', at);
+    if (open == std::string::npos)
+        return;
+    output.erase(open, 1);
+    const std::size_t close = output.find('}', open);
+    if (close != std::string::npos)
+        output.erase(close, 1);
+}
+
 // The engine, or the engine made to misbehave on texts that hold `text`.
 Tools::Formatter makeFormatter(const Options& options)
 {
@@ -279,6 +294,8 @@ Tools::Formatter makeFormatter(const Options& options)
             outcome.output.erase(outcome.output.find(marker), marker.size());
         else if (kind == "unstable")
             outcome.output += "\n";
+        else if (kind == "unbrace")
+            takeOutBraces(outcome.output, marker);
         return outcome;
     };
 }
