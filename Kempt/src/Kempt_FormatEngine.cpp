@@ -250,6 +250,21 @@ private:
     std::stringstream m_result{std::ios_base::in | std::ios_base::out | std::ios_base::binary};
 };
 
+// The three brace style properties must lie in 0..2.
+bool braceStylesSet(const FormatSettings& settings)
+{
+    bool anySet = false;
+    for (const char* name : {Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, Prop::FOR_CS_SINGLE_STMT_BRACE_STYLE,
+                             Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE}) {
+        std::int32_t style = 0;
+        settings.getInt(name, style);
+        if (style < 0 || style > 2)
+            TW_CHECK(false);
+        anySet = anySet || style != 0;
+    }
+    return anySet;
+}
+
 } // namespace
 
 std::int32_t FormatEngine::format(const FormatSettings& settings, std::istream& in, std::ostream& out,
@@ -262,7 +277,7 @@ std::int32_t FormatEngine::format(const FormatSettings& settings, std::istream& 
         messages.push_back(cancelledMessage());
         return 1;
     }
-    if (CppRewriter::anyStyleSet(settings)) {
+    if (braceStylesSet(settings)) {
         if (const std::int32_t failed = run.runPass(PassKind::REWRITE))
             return failed;
     }
@@ -290,7 +305,7 @@ std::int32_t FormatEngine::rewriteBraces(const FormatSettings& settings, std::st
     PipelineRun run(settings, messages, m_observer);
     std::istringstream in{std::string(text)};
     run.load(in);
-    if (CppRewriter::anyStyleSet(settings)) {
+    if (braceStylesSet(settings)) {
         run.recordBraceEdits(&rewrite.edits);
         if (const std::int32_t failed = run.runPass(PassKind::REWRITE))
             return failed;
