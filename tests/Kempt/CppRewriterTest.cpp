@@ -216,4 +216,22 @@ TEST(CppRewriterTest, TheDriverRewritesFirstAndTellsTheEdits)
     EXPECT_EQ(same.text, "if");
 }
 
+TEST(CppRewriterTest, TheWholeRunKeepsCrLfAndPassesTheTokenCheck)
+{
+    const std::string input = "void f()\r\n{\r\n    if (a) {\r\n        b();\r\n    }\r\n    while (c) d();\r\n}\r\n";
+    for (const Styles styles : {ALL_ADD, ALL_REMOVE}) {
+        const Kempt::FormatSettings settings(withStyles(styles));
+        std::istringstream in(input);
+        std::ostringstream out;
+        Kempt::FormatMessageList messages;
+        Kempt::UpdateFunctor noProgress;
+        ASSERT_EQ(Kempt::FormatEngine().format(settings, in, out, messages, noProgress), 0);
+        const std::string output = out.str();
+        EXPECT_EQ(output.find('\n'), output.find("\r\n") + 1) << output;
+        EXPECT_TRUE(Kempt::compareFormatted(settings, input, output).same) << output;
+        // Without the brace styles the same output is refused.
+        EXPECT_FALSE(Kempt::compareFormatted(Kempt::FormatSettings(withStyles({})), input, output).same) << output;
+    }
+}
+
 } // namespace
