@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <string_view>
 
 namespace Kempt {
 
@@ -60,14 +61,17 @@ Cpp::CtrlStmtNode* elseIfChain(Cpp::BlockNode& body)
     return keywordOf(*first) == Cpp::IF_KEY ? inner : nullptr;
 }
 
-// True when `node` ends in an `if` without an `else`, directly or through
-// the unbraced bodies of its last part: an `else` written behind it would
-// belong to that `if`.
-//   if (b) c;                 -> true
-//   for (;;) while (x) if (b) c;  -> true
-//   if (b) c; else d;         -> false
-//   for (;;) { if (b) c; }    -> false
-bool endsInOpenIf(Cpp::SyntaxNode& node)
+// True when `node` is an `if` statement, or ends in one through the unbraced
+// bodies of its last part. With an `else` written behind it, such a statement
+// needs its braces: without an `else` of its own, the `if` would take that
+// `else`; with one, the `else` behind is easily read as a second `else` of
+// the same `if`.
+//   if (b) c;                      -> true
+//   if (b) c; else d;              -> true
+//   for (;;) while (x) if (b) c;   -> true
+//   for (;;) { if (b) c; }         -> false
+//   do if (b) c; while (x);        -> false
+bool endsInIf(Cpp::SyntaxNode& node)
 {
     auto* statement = dynamic_cast<Cpp::CtrlStmtNode*>(&node);
     if (!statement)
@@ -75,18 +79,17 @@ bool endsInOpenIf(Cpp::SyntaxNode& node)
     const std::vector<Cpp::CtrlSubStmtNode*> parts = partsOf(*statement);
     if (parts.empty())
         return false;
+    if (keywordOf(*parts.front()) == Cpp::IF_KEY)
+        return true;
     Cpp::CtrlSubStmtNode& last = *parts.back();
     const std::int32_t keyword = keywordOf(last);
-    if (keyword == Cpp::IF_KEY)
-        return true;
     // A do ends in "while (x);", a try or catch in a brace.
-    if (keyword != Cpp::ELSE_KEY && keyword != Cpp::FOR_KEY && keyword != Cpp::WHILE_KEY
-        && keyword != Cpp::SWITCH_KEY)
+    if (keyword != Cpp::FOR_KEY && keyword != Cpp::WHILE_KEY && keyword != Cpp::SWITCH_KEY)
         return false;
     Cpp::BlockNode* body = last.body();
     if (!body || body->size() != 1 || (*body->childrenBegin())->begin() != body->begin())
         return false; // braced, or no statement to end in
-    return endsInOpenIf(**body->childrenBegin());
+    return endsInIf(**body->childrenBegin());
 }
 
 // True for a child that is a declaration rather than a statement: without its
@@ -99,6 +102,43 @@ bool isDeclaration(Cpp::SyntaxNode& node)
         || dynamic_cast<Cpp::FunctionPtrDeclNode*>(&node) || dynamic_cast<Cpp::FunctionDeclNode*>(&node)
         || dynamic_cast<Cpp::NamespaceDeclNode*>(&node) || dynamic_cast<Cpp::LinkageBlockNode*>(&node)
         || dynamic_cast<Cpp::TemplateNode*>(&node);
+}
+
+// True when the brackets of `text` pair up, literals, comments and directive
+// lines aside: a statement the parser took apart in its middle, as in
+// `ASSERT_DEATH(return, "")`, is no whole statement to put braces round.
+bool balanced(std::string_view text)
+{
+    std::string open;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        const char next = i + 1 < text.size() ? text[i + 1] : '\0';
+        if (c == '"' || c == '\'') {
+            for (++i; i < text.size() && text[i] != c && text[i] != '\n'; ++i)
+                if (text[i] == '\\')
+                    ++i;
+        } else if (c == '/' && next == '/') {
+            i = text.find('\n', i);
+        } else if (c == '/' && next == '*') {
+            i = text.find("*/", i + 2);
+            i = i == std::string_view::npos ? i : i + 1;
+        } else if (c == '#' && (i == 0 || text.find_last_not_of(" \t", i - 1) == std::string_view::npos
+                                || text[text.find_last_not_of(" \t", i - 1)] == '\n')) {
+            // A directive line, with its continuations.
+            while ((i = text.find('\n', i)) != std::string_view::npos && text[i - 1] == '\\')
+                ++i;
+        } else if (c == '(' || c == '[' || c == '{') {
+            open += c;
+        } else if (c == ')' || c == ']' || c == '}') {
+            const char expected = c == ')' ? '(' : c == ']' ? '[' : '{';
+            if (open.empty() || open.back() != expected)
+                return false;
+            open.pop_back();
+        }
+        if (i == std::string_view::npos)
+            break;
+    }
+    return open.empty();
 }
 
 bool isCommentOrDirective(Cpp::SyntaxNode& node)
@@ -285,7 +325,7 @@ void CppRewriter::rewriteStatement(Cpp::BlockNode& stmt, std::int32_t style)
     switch (style) {
     case LEAVE: keepBraces(stmt); return;
     case ADD:
-        if (hasBraces(stmt))
+        if (hasBraces(stmt) || !isWholeStatement(**stmt.childrenBegin()))
             keepBraces(stmt);
         else
             addBraces(stmt);
@@ -347,16 +387,17 @@ void CppRewriter::removeBraces(Cpp::BlockNode& stmt)
     m_out += text;
 }
 
-// Removing the braces must leave the same program:
+// Removing the braces must leave the same program, and one that reads as it is:
 //   if (a) { if (b) c; } else d;   the else would go to `if (b)`
+//   if (a) { if (b) c; else e; } else d;   two elses in a row
 //   if (a) { int x = f(); }        a declaration is no statement in C
 //   if (a) { b;; }                 the second ";" would stand behind the if
 bool CppRewriter::mayRemoveBraces(const Cpp::BlockNode& stmt) const
 {
     Cpp::SyntaxNode& child = **stmt.childrenBegin();
-    if (m_elseFollows && endsInOpenIf(child))
+    if (m_elseFollows && endsInIf(child))
         return false;
-    if (isDeclaration(child) || isCommentOrDirective(child))
+    if (isDeclaration(child) || isCommentOrDirective(child) || !isWholeStatement(child))
         return false;
     const std::size_t open = m_text.offsetOf(stmt.begin());
     const std::size_t close = m_text.offsetOf(stmt.end());
@@ -367,6 +408,17 @@ bool CppRewriter::mayRemoveBraces(const Cpp::BlockNode& stmt) const
         return false;
     const std::string& text = m_text.text();
     return allBlank(text.substr(open + 1, first - open - 1)) && allBlank(text.substr(last + 1, close - last - 1));
+}
+
+// The text of a statement pairs its brackets up: the parser did not take a
+// macro call apart in its middle.
+bool CppRewriter::isWholeStatement(const Cpp::SyntaxNode& statement) const
+{
+    const std::size_t first = m_text.offsetOf(statement.begin());
+    const std::size_t last = m_text.offsetOf(statement.end());
+    if (first == std::string::npos || last == std::string::npos || last < first || last >= m_text.size())
+        return false;
+    return balanced(std::string_view(m_text.text()).substr(first, last - first + 1));
 }
 
 // Without children: braces when the body spans more than one character
@@ -399,7 +451,10 @@ void CppRewriter::writeBrace(char brace)
 void CppRewriter::emitLinkageBlockBody(Cpp::LinkageBlockBodyNode&) { TW_CHECK(false); }
 void CppRewriter::emitEnumBody(Cpp::EnumBodyNode&) { TW_CHECK(false); }
 void CppRewriter::emitEnumHead(Cpp::EnumHeadNode&) { TW_CHECK(false); }
-void CppRewriter::emitCase(Cpp::CaseNode&) { TW_CHECK(false); }
+// A case label can stand in any block inside a switch, such as the body of an
+// if within it ("switch (x) case 0: default: if (a) ..."): its text is
+// carried by the next copy.
+void CppRewriter::emitCase(Cpp::CaseNode&) {}
 void CppRewriter::emitKeyword(Cpp::KeywordNode&) { TW_CHECK(false); }
 void CppRewriter::emitCtrlSubStmtHead(Cpp::CtrlSubStmtHeadNode&) { TW_CHECK(false); }
 void CppRewriter::emitType(Cpp::TypeNode&) { TW_CHECK(false); }

@@ -18,10 +18,13 @@
 //  2. Only the body of an if, else, for or while sub-statement ever gains or
 //     loses braces, and only when it holds exactly one child.
 //  3. Braces are never removed where that would change which `if` an `else`
-//     belongs to: m_elseFollows says whether an `else` stands behind the
-//     statement being walked with nothing but unbraced bodies in between.
+//     belongs to, or put two `else` in a row: not round a statement that
+//     ends in an `if` when an `else` stands behind it. m_elseFollows says
+//     whether one does, with nothing but unbraced bodies in between.
 //  4. Braces are never removed round a declaration, nor where anything but
-//     white space stands between a brace and the statement.
+//     white space stands between a brace and the statement; they are never
+//     added or removed round a statement whose brackets do not pair up (a
+//     macro call the parser took apart in its middle).
 #ifndef KEMPT_CPPREWRITER_H
 #define KEMPT_CPPREWRITER_H
 
@@ -71,11 +74,13 @@ public:
     void emitNamespaceDecl(Cpp::NamespaceDeclNode& node) override;
     void emitClassDecl(Cpp::ClassDeclNode& node) override;
 
+    // A case label in a walked block: nothing, its text is carried along.
+    void emitCase(Cpp::CaseNode& node) override;
+
     // Never reached: no walked node has such a child.
     void emitLinkageBlockBody(Cpp::LinkageBlockBodyNode& node) override;
     void emitEnumBody(Cpp::EnumBodyNode& node) override;
     void emitEnumHead(Cpp::EnumHeadNode& node) override;
-    void emitCase(Cpp::CaseNode& node) override;
     void emitKeyword(Cpp::KeywordNode& node) override;
     void emitCtrlSubStmtHead(Cpp::CtrlSubStmtHeadNode& node) override;
     void emitType(Cpp::TypeNode& node) override;
@@ -117,6 +122,7 @@ private:
     void addBraces(Cpp::BlockNode& stmt);
     void removeBraces(Cpp::BlockNode& stmt);
     bool mayRemoveBraces(const Cpp::BlockNode& stmt) const;
+    bool isWholeStatement(const Cpp::SyntaxNode& statement) const;
     bool hasBraces(const Cpp::BlockNode& stmt) const;
 
     void copyUpTo(const Trn::Position& p);

@@ -135,9 +135,12 @@ TEST(CppRewriterTest, BracesThatHoldAnElseToItsIfStay)
     // statement; they then stay.
     EXPECT_EQ(inFunction("if (a) { for (;;) { if (b) c; } } else d;", ALL_REMOVE),
               "if (a)  for (;;) { if (b) c; } else d;");
-    // An if that has its else, or no else behind: the braces go.
-    EXPECT_EQ(inFunction("if (a) { if (b) c; else e; } else d;", ALL_REMOVE), "if (a)  if (b) c; else e; else d;");
+    // An if with its own else keeps them too: two elses in a row read as one if's.
+    EXPECT_EQ(inFunction("if (a) { if (b) c; else e; } else d;", ALL_REMOVE), "if (a) { if (b) c; else e; } else d;");
+    // No else behind: the braces go.
+    EXPECT_EQ(inFunction("if (a) { if (b) c; else e; }", ALL_REMOVE), "if (a)  if (b) c; else e;");
     EXPECT_EQ(inFunction("if (a) { if (b) c; }", ALL_REMOVE), "if (a)  if (b) c;");
+    EXPECT_EQ(inFunction("if (a) { for (;;) c; } else d;", ALL_REMOVE), "if (a)  for (;;) c; else d;");
 }
 
 TEST(CppRewriterTest, AnElseIfChainBehindAnIfKeepsTheBracesThatCloseIt)
@@ -150,6 +153,13 @@ TEST(CppRewriterTest, BracesRoundADeclarationOrAStraySemicolonStay)
 {
     EXPECT_EQ(inFunction("if (a) { int x = f(); }", ALL_REMOVE), "if (a) { int x = f(); }");
     EXPECT_EQ(inFunction("if (a) { b;; } else c;", ALL_REMOVE), "if (a) { b;; } else c;");
+}
+
+TEST(CppRewriterTest, AStatementTheParserTookApartIsLeftAlone)
+{
+    // `return` inside a macro's arguments ends the statement early for the parser.
+    EXPECT_EQ(inFunction("if (a) ASSERT_DEATH(return, \"\"); if (b) c(\")\", ')');", ALL_ADD),
+              "if (a) ASSERT_DEATH(return, \"\"); if (b) {c(\")\", ')');}");
 }
 
 TEST(CppRewriterTest, EmptyBodiesAreLeftAlone)

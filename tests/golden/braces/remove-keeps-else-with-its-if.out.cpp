@@ -1,4 +1,4 @@
-// Never brace: braces that hold an else to its if stay, even round a single statement.
+// Never brace: braces round a single statement that ends in an if stay when an else follows them.
 void f(int a, int b, int c, int d)
 {
     if (a)
@@ -22,6 +22,15 @@ void f(int a, int b, int c, int d)
             if (b)
                 c--;
         }
+    else
+        d++;
+    if (a)
+    {
+        if (b)
+            c++;
+        else
+            c--;
+    }
     else
         d++;
     if (a)
