@@ -10,6 +10,7 @@
 #ifndef TOOLS_INVARIANTCHECK_H
 #define TOOLS_INVARIANTCHECK_H
 
+#include "Kempt_BraceEdits.h"
 #include "Kempt_FormatMessage.h"
 #include "Kempt_PropertySet.h"
 
@@ -19,10 +20,14 @@
 
 namespace Tools {
 
-// One format call: result, output, messages; an exception's text in `exception`.
+// One format call: result, output, messages; an exception's text in
+// `exception`. Under a brace style, also the text of the brace rewrite alone
+// and the braces it changed (`rewritten` false when there is none).
 struct FormatOutcome {
     std::int32_t result = 0;
     std::string output;
+    bool rewritten = false;
+    Kempt::BraceRewrite rewrite;
     Kempt::FormatMessageList messages;
     std::string exception;
 };

@@ -294,8 +294,11 @@ Tools::Formatter makeFormatter(const Options& options)
             outcome.output.erase(outcome.output.find(marker), marker.size());
         else if (kind == "unstable")
             outcome.output += "\n";
-        else if (kind == "unbrace")
+        else if (kind == "unbrace") {
             takeOutBraces(outcome.output, marker);
+            if (outcome.rewritten)
+                takeOutBraces(outcome.rewrite.text, marker);
+        }
         return outcome;
     };
 }
