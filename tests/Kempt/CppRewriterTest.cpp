@@ -162,6 +162,13 @@ TEST(CppRewriterTest, AStatementTheParserTookApartIsLeftAlone)
               "if (a) ASSERT_DEATH(return, \"\"); if (b) {c(\")\", ')');}");
 }
 
+TEST(CppRewriterTest, ACaseLabelBesideTheStatementsIsPassedOver)
+{
+    // The body of the switch is the labelled statement; the parser makes the
+    // label a statement of the block around.
+    EXPECT_EQ(inFunction("switch (0)\n case 0:\n if (a) b;", ALL_ADD), "switch (0)\n case 0:\n if (a) {b;}");
+}
+
 TEST(CppRewriterTest, EmptyBodiesAreLeftAlone)
 {
     EXPECT_EQ(inFunction("if (a) ; else {}", ALL_ADD), "if (a) ; else {}");
