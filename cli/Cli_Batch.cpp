@@ -283,7 +283,9 @@ Batch::Work Batch::preparePrint(const std::string& name, Report& report)
             return;
         }
         if (m_settings.jobOptions.verify) {
-            const Kempt::TokenComparison c = Kempt::compareTokens(text, out.str());
+            // Under a brace style, exactly the braces the rewriter adds or removes may differ.
+            const Kempt::TokenComparison c = Kempt::compareFormatted(
+                Kempt::FormatSettings(*set, Kempt::defaultRegionMarkers()), text, out.str());
             if (!c.same) {
                 ReportSink sink(m_settings.threshold, r.err);
                 sink.addMessage(KemptUI::fillTemplate(App::userMessages().tokensDiffer,

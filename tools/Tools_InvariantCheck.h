@@ -1,12 +1,16 @@
 // The invariants of one file under one scheme, for tw-invariants: the text is
 // formatted, and when it parses, the output must hold exactly the input's
 // tokens, formatting the output again must give the same bytes, and under a
-// scheme that changes nothing the output must be the input. An exception from
+// scheme that changes nothing the output must be the input. Under a scheme
+// with a brace style set, the braces the rewriter adds or removes are the one
+// token difference allowed, the output must still parse, and every `else`
+// must stay with its `if` (the control shapes of input and output agree). An exception from
 // the engine is caught and told; hangs and crashes are the caller's business
 // (see Tools_InvariantRunner.h).
 #ifndef TOOLS_INVARIANTCHECK_H
 #define TOOLS_INVARIANTCHECK_H
 
+#include "Kempt_BraceEdits.h"
 #include "Kempt_FormatMessage.h"
 #include "Kempt_PropertySet.h"
 
@@ -16,10 +20,14 @@
 
 namespace Tools {
 
-// One format call: result, output, messages; an exception's text in `exception`.
+// One format call: result, output, messages; an exception's text in
+// `exception`. Under a brace style, also the text of the brace rewrite alone
+// and the braces it changed (`rewritten` false when there is none).
 struct FormatOutcome {
     std::int32_t result = 0;
     std::string output;
+    bool rewritten = false;
+    Kempt::BraceRewrite rewrite;
     Kempt::FormatMessageList messages;
     std::string exception;
 };
@@ -43,11 +51,13 @@ struct Verdict {
     bool tokensKept = true;
     bool stable = true;
     bool identical = true;
+    bool stillParses = true; // the output parses again
+    bool pairingKept = true; // brace styles: the control statements kept their shape
     bool crashed = false; // an exception left the engine
     bool hung = false;    // set by the runner, never by checkFile
     std::string detail;
 
-    bool passed() const { return !crashed && !hung && tokensKept && stable && identical; }
+    bool passed() const { return !crashed && !hung && tokensKept && stable && identical && stillParses && pairingKept; }
 };
 
 Verdict checkFile(const std::string& text, const SchemeUnderTest& scheme, const Formatter& format);

@@ -103,8 +103,9 @@ bool readWhole(const std::string& path, std::string& text)
                 v = checkFile(text, plan.schemes[s], plan.format);
             else
                 v.detail = "cannot be read";
-            const std::string flags = {v.parsed ? '1' : '0', v.tokensKept ? '1' : '0', v.stable ? '1' : '0',
-                                       v.identical ? '1' : '0', v.crashed ? '1' : '0'};
+            const std::string flags = {v.parsed ? '1' : '0',      v.tokensKept ? '1' : '0',  v.stable ? '1' : '0',
+                                       v.identical ? '1' : '0',   v.crashed ? '1' : '0',     v.stillParses ? '1' : '0',
+                                       v.pairingKept ? '1' : '0'};
             if (!writeAll(fd, "R " + std::to_string(f) + " " + std::to_string(s) + " " + flags + " "
                                   + escape(v.detail) + "\n"))
                 ::_exit(3);
@@ -273,7 +274,7 @@ private:
         in >> flags;
         std::string detail;
         std::getline(in, detail);
-        if (kind != 'R' || flags.size() != 5)
+        if (kind != 'R' || flags.size() != 7)
             return;
         Verdict v;
         v.parsed = flags[0] == '1';
@@ -281,6 +282,8 @@ private:
         v.stable = flags[2] == '1';
         v.identical = flags[3] == '1';
         v.crashed = flags[4] == '1';
+        v.stillParses = flags[5] == '1';
+        v.pairingKept = flags[6] == '1';
         v.detail = unescape(detail.empty() ? detail : detail.substr(1));
         m_sink(item.file, item.scheme, v);
         w.busy = false;

@@ -59,7 +59,8 @@ Options:
   --simulate-fault KIND:TEXT
                         for testing this tool: misbehave on every file whose
                         text holds TEXT; KIND is hang, crash, throw, drop
-                        (a token vanishes) or unstable
+                        (a token vanishes), unstable or unbrace (the first
+                        braces behind TEXT vanish)
   -h, --help            show this text
 
 In a directory, files ending in .c .cc .cpp .cxx .c++ .h .hh .hpp .hxx .h++
@@ -126,10 +127,10 @@ int parseArguments(int argc, char** argv, Options& options)
             const std::size_t colon = value.find(':');
             options.faultKind = value.substr(0, colon);
             options.faultText = colon == std::string::npos ? std::string() : value.substr(colon + 1);
-            const std::set<std::string> kinds{"hang", "crash", "throw", "drop", "unstable"};
+            const std::set<std::string> kinds{"hang", "crash", "throw", "drop", "unstable", "unbrace"};
             if (!kinds.count(options.faultKind) || options.faultText.empty()) {
                 std::cerr << "tw-invariants: --simulate-fault takes KIND:TEXT, KIND one of hang, crash, throw, "
-                             "drop, unstable\n";
+                             "drop, unstable, unbrace\n";
                 return 2;
             }
         } else if (a == "--max-listed" && value == "0") {
@@ -257,6 +258,20 @@ bool loadSchemes(const Options& options, std::vector<Tools::SchemeUnderTest>& sc
     return true;
 }
 
+// The first "{" behind `marker` and the first "}" behind that leave `output`,
+// as a brace rewriter that took out braces it must keep would leave it.
+void takeOutBraces(std::string& output, const std::string& marker)
+{
+    const std::size_t at = output.find(marker);
+    const std::size_t open = at == std::string::npos ? at : output.find('{', at);
+    if (open == std::string::npos)
+        return;
+    output.erase(open, 1);
+    const std::size_t close = output.find('}', open);
+    if (close != std::string::npos)
+        output.erase(close, 1);
+}
+
 // The engine, or the engine made to misbehave on texts that hold `text`.
 Tools::Formatter makeFormatter(const Options& options)
 {
@@ -279,6 +294,11 @@ Tools::Formatter makeFormatter(const Options& options)
             outcome.output.erase(outcome.output.find(marker), marker.size());
         else if (kind == "unstable")
             outcome.output += "\n";
+        else if (kind == "unbrace") {
+            takeOutBraces(outcome.output, marker);
+            if (outcome.rewritten)
+                takeOutBraces(outcome.rewrite.text, marker);
+        }
         return outcome;
     };
 }
@@ -289,6 +309,8 @@ struct Tally {
     std::size_t tokens = 0;
     std::size_t stable = 0;
     std::size_t identical = 0;
+    std::size_t unparsed = 0; // parsed, but the output does not
+    std::size_t pairings = 0; // brace styles: an else changed its if
     std::size_t crashes = 0;
     std::size_t hangs = 0;
 };
@@ -306,8 +328,12 @@ std::string kindOf(const Tools::Verdict& v)
         return "hang";
     if (v.crashed)
         return "crash";
+    if (!v.stillParses)
+        return "unparsable";
     if (!v.tokensKept)
         return "tokens";
+    if (!v.pairingKept)
+        return "pairing";
     if (!v.identical)
         return "bytes";
     return "unstable";
@@ -320,6 +346,15 @@ std::string percent(std::size_t part, std::size_t whole)
     return buffer;
 }
 
+// Two decimals: the goal for brace styles is 99.9 %.
+std::string stablePercent(std::size_t part, std::size_t whole)
+{
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%.2f%%",
+                  whole ? 100.0 * static_cast<double>(part) / static_cast<double>(whole) : 0.0);
+    return buffer;
+}
+
 void printTable(const std::vector<Tools::SchemeUnderTest>& schemes, const std::vector<Corpus>& corpora,
                 const std::map<std::pair<std::size_t, std::size_t>, Tally>& tallies)
 {
@@ -329,18 +364,20 @@ void printTable(const std::vector<Tools::SchemeUnderTest>& schemes, const std::v
     std::size_t corpusWidth = 6;
     for (const auto& c : corpora)
         corpusWidth = std::max(corpusWidth, c.label.size());
-    std::printf("%-*s  %-*s  %7s  %7s  %7s  %15s  %7s  %14s  %7s  %5s\n", static_cast<int>(schemeWidth), "scheme",
-                static_cast<int>(corpusWidth), "corpus", "files", "parsed", "parsed%", "token-identical", "stable",
-                "byte-identical", "crashes", "hangs");
+    std::printf("%-*s  %-*s  %7s  %7s  %7s  %15s  %7s  %7s  %14s  %10s  %8s  %7s  %5s\n",
+                static_cast<int>(schemeWidth), "scheme", static_cast<int>(corpusWidth), "corpus", "files", "parsed",
+                "parsed%", "token-identical", "stable", "stable%", "byte-identical", "unparsable", "pairing",
+                "crashes", "hangs");
     for (std::size_t s = 0; s < schemes.size(); ++s)
         for (std::size_t c = 0; c < corpora.size(); ++c) {
             const auto found = tallies.find({s, c});
             const Tally t = found == tallies.end() ? Tally() : found->second;
             const std::string identical = schemes[s].expectIdentical ? std::to_string(t.identical) : "-";
-            std::printf("%-*s  %-*s  %7zu  %7zu  %7s  %15zu  %7zu  %14s  %7zu  %5zu\n",
+            std::printf("%-*s  %-*s  %7zu  %7zu  %7s  %15zu  %7zu  %7s  %14s  %10zu  %8zu  %7zu  %5zu\n",
                         static_cast<int>(schemeWidth), schemes[s].name.c_str(), static_cast<int>(corpusWidth),
                         corpora[c].label.c_str(), t.files, t.parsed, percent(t.parsed, t.files).c_str(), t.tokens,
-                        t.stable, identical.c_str(), t.crashes, t.hangs);
+                        t.stable, stablePercent(t.stable, t.parsed).c_str(), identical.c_str(), t.unparsed,
+                        t.pairings, t.crashes, t.hangs);
         }
 }
 
@@ -373,6 +410,8 @@ int main(int argc, char** argv)
             t.tokens += v.parsed && v.tokensKept;
             t.stable += v.parsed && v.stable;
             t.identical += v.parsed && v.identical;
+            t.unparsed += v.parsed && !v.stillParses;
+            t.pairings += v.parsed && !v.pairingKept;
             t.crashes += v.crashed;
             t.hangs += v.hung;
             if (!v.passed())

@@ -12,6 +12,8 @@
 #define KEMPT_H
 
 #include "Kempt_Analysis.h"
+#include "Kempt_BraceEdits.h"
+#include "Kempt_FormatCheck.h"
 #include "Kempt_FormatEngine.h"
 #include "Kempt_FormatMessage.h"
 #include "Kempt_FormatSettings.h"

@@ -13,12 +13,14 @@
 #ifndef KEMPT_FORMATENGINE_H
 #define KEMPT_FORMATENGINE_H
 
+#include "Kempt_BraceEdits.h"
 #include "Kempt_FormatMessage.h"
 #include "Kempt_FormatSettings.h"
 #include "Kempt_UpdateFunctor.h"
 
 #include <cstdint>
 #include <iosfwd>
+#include <string_view>
 
 namespace Kempt {
 
@@ -40,6 +42,13 @@ public:
     // first progress call returns 1.
     std::int32_t format(const FormatSettings& settings, std::istream& in, std::ostream& out,
                         FormatMessageList& messages, UpdateFunctor& update) const;
+
+    // The first pass alone: the text as the brace rewriter leaves it, and the
+    // braces it added and removed; the text itself, with no edits, when no
+    // brace style is set. 0, or the number of messages when the text did not
+    // parse. The verification before a file is written compares with it.
+    std::int32_t rewriteBraces(const FormatSettings& settings, std::string_view text, BraceRewrite& rewrite,
+                               FormatMessageList& messages) const;
 
     // The two messages of the driver itself.
     static FormatMessage cancelledMessage();

@@ -20,26 +20,38 @@
 //     "@", a byte above 127 outside comments and literals) count as well, as
 //     runs of non-blank characters, so that no character outside white space
 //     can vanish unseen.
-//  6. With ignoreBraces, "{" and "}" outside directives do not count: the
-//     brace rewriter adds and removes them. Everything else still must match.
+//  6. The braces named in the options by position do not count: the brace
+//     rewriter removed them from `before` or added them to `after`. Every
+//     other brace, and everything else, still must match.
+//
+// After a run whose first pass rewrote braces, compare with the rewrite:
+// `before` and the rewritten text must differ by exactly the braces the
+// rewriter reports, and the rewritten text and `after` not at all.
 //
 // Protocol:
 //   Kempt::TokenComparison c = Kempt::compareTokens(input, output);
 //   if (!c.same)
 //       std::cerr << path << ":" << c.beforePosition.line << ": " << c.describe() << "\n";
+//   // with braces rewritten (FormatEngine::rewriteBraces):
+//   c = Kempt::compareTokens(input, rewrite, output);
 #ifndef KEMPT_TOKENCOMPARISON_H
 #define KEMPT_TOKENCOMPARISON_H
 
+#include "Kempt_BraceEdits.h"
 #include "Trn_Position.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Kempt {
 
 struct TokenComparisonOptions {
-    // "{" and "}" outside directives are left out of the comparison.
-    bool ignoreBraces = false;
+    // The "{" and "}" tokens (outside directives) that start at these
+    // positions are left out of the comparison, in `before` and in `after`.
+    // A position at which no such brace stands counts as a difference.
+    std::vector<Trn::Position> bracesOutBefore;
+    std::vector<Trn::Position> bracesOutAfter;
 };
 
 // The outcome of compareTokens. When the texts differ, the first significant
@@ -67,6 +79,14 @@ struct TokenComparison {
 // Compares the significant tokens of `before` and `after` (see above).
 TokenComparison compareTokens(std::string_view before, std::string_view after,
                               const TokenComparisonOptions& options = {});
+
+// Compares `before` with `after` through the text of a brace rewrite of
+// `before`: first `before` with `rewrite.text`, leaving out exactly the
+// braces of `rewrite.edits`; then `rewrite.text` with `after`, with nothing
+// left out. A difference of the second step is told at the place in
+// `before` where the rewritten token came from; one of the first step has
+// its after-position in the rewritten text.
+TokenComparison compareTokens(std::string_view before, const BraceRewrite& rewrite, std::string_view after);
 
 } // namespace Kempt
 

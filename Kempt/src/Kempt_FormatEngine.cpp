@@ -5,6 +5,7 @@
 #include "Cpp_Parser.h"
 #include "Cpp_RootNode.h"
 #include "Kempt_CppFormatter.h"
+#include "Kempt_CppRewriter.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_ProtectedRangeScanner.h"
 #include "Kempt_SourceText.h"
@@ -126,6 +127,12 @@ public:
         return 0;
     }
 
+    // The text the run holds now: the input, or what the last pass printed.
+    std::string_view current() const { return m_source.view(); }
+
+    // Where the brace pass tells what it changed; null: nowhere.
+    void recordBraceEdits(BraceEdits* edits) { m_braceEdits = edits; }
+
     void writeResult(std::ostream& out)
     {
         const std::string_view text = m_source.view();
@@ -175,20 +182,25 @@ private:
     }
 
     // Prints the next text of the pass from the tree of the current one. The
-    // format pass runs the formatter; the brace rewriter and the line wrapper
-    // are not built yet, and their passes print the text as it stands.
+    // rewrite pass runs the brace rewriter, the format pass the formatter;
+    // the line wrapper is not built yet, and its pass prints the text as it
+    // stands.
     void print(PassKind pass, Cpp::RootNode& root)
     {
         const std::string_view text = m_source.view();
         reserveResult(text.size());
-        if (pass != PassKind::FORMAT) {
+        if (pass == PassKind::REWRITE) {
+            CppRewriter rewriter(m_settings, std::string(text), m_result);
+            root.accept(rewriter);
+            if (m_braceEdits)
+                *m_braceEdits = rewriter.edits();
+        } else if (pass == PassKind::FORMAT) {
+            CppFormatter formatter(std::string(text), m_result, m_settings);
+            root.accept(formatter);
+        } else {
             m_result.write(text.data(), static_cast<std::streamsize>(text.size()));
             m_result.flush();
             return;
-        }
-        {
-            CppFormatter formatter(std::string(text), m_result, m_settings);
-            root.accept(formatter);
         }
         m_result.flush();
         keepLineBreaks(text);
@@ -231,6 +243,7 @@ private:
     const FormatSettings& m_settings;
     FormatMessageList& m_messages;
     PassObserver* m_observer;
+    BraceEdits* m_braceEdits = nullptr;
     ProtectedRangeScanner m_scanner;
     Cpp::Parser m_parser;
     std::stringstream m_source{std::ios_base::in | std::ios_base::out | std::ios_base::binary};
@@ -282,6 +295,22 @@ std::int32_t FormatEngine::format(const FormatSettings& settings, std::istream& 
             return failed;
     }
     run.writeResult(out);
+    return 0;
+}
+
+std::int32_t FormatEngine::rewriteBraces(const FormatSettings& settings, std::string_view text, BraceRewrite& rewrite,
+                                         FormatMessageList& messages) const
+{
+    rewrite = BraceRewrite();
+    PipelineRun run(settings, messages, m_observer);
+    std::istringstream in{std::string(text)};
+    run.load(in);
+    if (braceStylesSet(settings)) {
+        run.recordBraceEdits(&rewrite.edits);
+        if (const std::int32_t failed = run.runPass(PassKind::REWRITE))
+            return failed;
+    }
+    rewrite.text = std::string(run.current());
     return 0;
 }
 

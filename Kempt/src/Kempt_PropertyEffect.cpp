@@ -20,8 +20,9 @@ using enum PropertyEffect;
 // Every option that is not NOT_YET. Function heads, parameter lists, member
 // initialisers, function bodies, classes, namespaces, enums, templates,
 // linkage blocks, data declarations, control statements, bare blocks, case
-// labels, comments, directives and expression statements are laid out; no
-// brace rewriting or line wrapping happens yet.
+// labels, comments, directives and expression statements are laid out;
+// braces round single statements are added or removed; no line wrapping
+// happens yet.
 constexpr std::array EFFECTS = {
     Effect{Prop::TAB_SIZE, IN_EFFECT, ""},
     Effect{Prop::CONVERT_WS, IN_EFFECT, ""},
@@ -58,6 +59,10 @@ constexpr std::array EFFECTS = {
     Effect{Prop::WS_AFTER_CS_OPEN_BRACE, IN_EFFECT, ""},
     Effect{Prop::WS_BEFORE_CS_CLOSE_BRACE, IN_EFFECT, ""},
     Effect{Prop::INDENT_CS_CONTENT, IN_EFFECT, ""},
+    // The brace rewriter.
+    Effect{Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, IN_EFFECT, ""},
+    Effect{Prop::FOR_CS_SINGLE_STMT_BRACE_STYLE, IN_EFFECT, ""},
+    Effect{Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE, IN_EFFECT, ""},
     Effect{Prop::INDENT_CS_SINGLE_STMT, IN_EFFECT, ""},
     Effect{Prop::BRACE_OFFSET_RELATIVE, IN_EFFECT, ""},
     Effect{Prop::WS_BETWEEN_CS, IN_EFFECT, ""},

@@ -74,6 +74,7 @@ struct Significant {
     std::string key;  // what is compared
     std::string text; // what a description shows
     Trn::Position position;
+    bool excused = false; // a brace named in the options: left out
 };
 
 // Where the first character of a text lies in the whole text: a body lexed
@@ -133,12 +134,21 @@ private:
 // Turns one text into its significant tokens.
 class SignificantTokens {
 public:
-    explicit SignificantTokens(const TokenComparisonOptions& options) : m_options(options) {}
-
-    std::vector<Significant> of(std::string_view text)
+    // The tokens of `text`; those braces that start at a position of
+    // `excused` (sorted) are marked. `unmatched` gets the positions of
+    // `excused` at which no brace stands.
+    std::vector<Significant> of(std::string_view text, const std::vector<Trn::Position>& excused,
+                                std::vector<Trn::Position>& unmatched)
     {
         m_out.clear();
+        m_excused = &excused;
+        m_matched.assign(excused.size(), false);
         collect(text, Origin(), 0);
+        unmatched.clear();
+        for (std::size_t i = 0; i < excused.size(); ++i)
+            if (!m_matched[i])
+                unmatched.push_back(excused[i]);
+        m_excused = nullptr;
         return std::move(m_out);
     }
 
@@ -228,15 +238,23 @@ private:
             // "\" and the blanks behind it up to the newline: only the "\" counts.
             add(TOKEN_TAG, std::to_string(token.type()), "\\", at);
             return;
-        case Cpp::LBRACE:
-        case Cpp::RBRACE:
-            if (m_options.ignoreBraces && depth == 0)
-                return;
-            break;
         default:
             break;
         }
         add(TOKEN_TAG, std::to_string(token.type()) + ' ' + token.text(), token.text(), at);
+        if ((token.type() == Cpp::LBRACE || token.type() == Cpp::RBRACE) && depth == 0)
+            m_out.back().excused = isExcused(at);
+    }
+
+    bool isExcused(Trn::Position at)
+    {
+        if (!m_excused)
+            return false;
+        const auto it = std::lower_bound(m_excused->begin(), m_excused->end(), at);
+        if (it == m_excused->end() || *it != at)
+            return false;
+        m_matched[static_cast<std::size_t>(it - m_excused->begin())] = true;
+        return true;
     }
 
     // "#", the tokens of the text behind it, and the directive's end.
@@ -307,9 +325,23 @@ private:
         return end == std::string::npos ? text : text.substr(0, end);
     }
 
-    const TokenComparisonOptions& m_options;
+    const std::vector<Trn::Position>* m_excused = nullptr;
+    std::vector<bool> m_matched;
     std::vector<Significant> m_out;
 };
+
+std::vector<Significant> withoutExcused(std::vector<Significant> tokens)
+{
+    tokens.erase(std::remove_if(tokens.begin(), tokens.end(), [](const Significant& t) { return t.excused; }),
+                 tokens.end());
+    return tokens;
+}
+
+std::vector<Trn::Position> sorted(std::vector<Trn::Position> positions)
+{
+    std::sort(positions.begin(), positions.end());
+    return positions;
+}
 
 // True when the `count` tokens from a[i] on equal those from b[j] on, each
 // list allowed to end at the same place.
@@ -388,29 +420,97 @@ std::string TokenComparison::describe() const
     return "token " + quoted(beforeToken) + " became " + quoted(afterToken);
 }
 
-TokenComparison compareTokens(std::string_view before, std::string_view after, const TokenComparisonOptions& options)
+namespace {
+
+// The first place where two token lists part, or the length of both when
+// they do not.
+std::size_t firstDifference(const std::vector<Significant>& a, const std::vector<Significant>& b)
 {
-    SignificantTokens lexer(options);
-    const std::vector<Significant> a = lexer.of(before);
-    const std::vector<Significant> b = lexer.of(after);
     std::size_t i = 0;
     while (i < a.size() && i < b.size() && a[i].key == b[i].key)
         ++i;
-    TokenComparison result;
-    if (i == a.size() && i == b.size())
-        return result;
+    return i;
+}
 
+// The kind of change at index i, where a and b part.
+TokenComparison::Change changeAt(const std::vector<Significant>& a, const std::vector<Significant>& b, std::size_t i)
+{
+    if (i == b.size() || (i < a.size() && agree(a, i + 1, b, i, AGREEING_TOKENS)))
+        return TokenComparison::Change::DROPPED;
+    if (i == a.size() || agree(a, i, b, i + 1, AGREEING_TOKENS))
+        return TokenComparison::Change::ADDED;
+    return TokenComparison::Change::CHANGED;
+}
+
+// The comparison's result where a (of `before`) and b (of `after`) part at i.
+TokenComparison differenceAt(const std::vector<Significant>& a, std::string_view before,
+                             const std::vector<Significant>& b, std::string_view after, std::size_t i)
+{
+    TokenComparison result;
     result.same = false;
     result.beforePosition = i < a.size() ? a[i].position : endPosition(before);
     result.afterPosition = i < b.size() ? b[i].position : endPosition(after);
     result.beforeToken = i < a.size() ? a[i].text : std::string();
     result.afterToken = i < b.size() ? b[i].text : std::string();
-    if (i == b.size() || (i < a.size() && agree(a, i + 1, b, i, AGREEING_TOKENS)))
-        result.change = TokenComparison::Change::DROPPED;
-    else if (i == a.size() || agree(a, i, b, i + 1, AGREEING_TOKENS))
-        result.change = TokenComparison::Change::ADDED;
-    else
-        result.change = TokenComparison::Change::CHANGED;
+    result.change = changeAt(a, b, i);
+    return result;
+}
+
+// A brace the options name where no brace stands: the list and the text do
+// not belong together, and the comparison fails there.
+TokenComparison unmatchedBrace(Trn::Position at, bool inBefore)
+{
+    TokenComparison result;
+    result.same = false;
+    result.change = inBefore ? TokenComparison::Change::DROPPED : TokenComparison::Change::ADDED;
+    (inBefore ? result.beforePosition : result.afterPosition) = at;
+    (inBefore ? result.beforeToken : result.afterToken) = "{";
+    return result;
+}
+
+} // namespace
+
+TokenComparison compareTokens(std::string_view before, std::string_view after, const TokenComparisonOptions& options)
+{
+    SignificantTokens lexer;
+    std::vector<Trn::Position> unmatched;
+    const std::vector<Significant> a = withoutExcused(lexer.of(before, sorted(options.bracesOutBefore), unmatched));
+    if (!unmatched.empty())
+        return unmatchedBrace(unmatched.front(), true);
+    const std::vector<Significant> b = withoutExcused(lexer.of(after, sorted(options.bracesOutAfter), unmatched));
+    if (!unmatched.empty())
+        return unmatchedBrace(unmatched.front(), false);
+    const std::size_t i = firstDifference(a, b);
+    if (i == a.size() && i == b.size())
+        return TokenComparison();
+    return differenceAt(a, before, b, after, i);
+}
+
+TokenComparison compareTokens(std::string_view before, const BraceRewrite& rewrite, std::string_view after)
+{
+    // 1. The rewrite changed exactly its braces.
+    TokenComparisonOptions options;
+    options.bracesOutBefore = rewrite.edits.removed;
+    options.bracesOutAfter = rewrite.edits.added;
+    if (TokenComparison c = compareTokens(before, rewrite.text, options); !c.same)
+        return c;
+
+    // 2. The later passes changed nothing. Token k of the rewritten text that
+    //    the rewriter did not add is token k' of `before`, k' counting the
+    //    tokens not added in front of it.
+    SignificantTokens lexer;
+    std::vector<Trn::Position> unmatched;
+    const std::vector<Significant> a = withoutExcused(lexer.of(before, sorted(rewrite.edits.removed), unmatched));
+    const std::vector<Significant> r = lexer.of(rewrite.text, sorted(rewrite.edits.added), unmatched);
+    const std::vector<Significant> b = lexer.of(after, {}, unmatched);
+    const std::size_t k = firstDifference(r, b);
+    if (k == r.size() && k == b.size())
+        return TokenComparison();
+    TokenComparison result = differenceAt(r, rewrite.text, b, after, k);
+    const auto kept = static_cast<std::size_t>(
+        std::count_if(r.begin(), r.begin() + static_cast<std::ptrdiff_t>(std::min(k, r.size())),
+                      [](const Significant& t) { return !t.excused; }));
+    result.beforePosition = kept < a.size() ? a[kept].position : endPosition(before);
     return result;
 }
 

@@ -214,12 +214,18 @@ constexpr PropertyInfo CATALOGUE[] = {
     ws(P::WS_BEFORE_CS_CLOSE_BRACE, CS, "Before body close:", P::GLOBAL_WS_BEFORE_CLOSE_BRACE),
     ws(P::WS_BETWEEN_CS, CS, "After body close:"),
     ws(P::WS_AFTER_CS_CASE_LABELS, CS, "After case labels:"),
-    choice(P::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, CS, "if/else", "Single statement control blocks",
-           BRACE_STYLE_CHOICES, 0),
-    choice(P::FOR_CS_SINGLE_STMT_BRACE_STYLE, CS, "for", "Single statement control blocks", BRACE_STYLE_CHOICES,
-           0),
-    choice(P::WHILE_CS_SINGLE_STMT_BRACE_STYLE, CS, "while", "Single statement control blocks",
-           BRACE_STYLE_CHOICES, 0),
+    {.name = P::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, .kind = K::CHOICE, .page = CS, .label = "if/else",
+     .group = "Single statement control blocks", .fallback = 0, .choices = BRACE_STYLE_CHOICES,
+     .note = "Always brace: \"if (a) b(); else c();\" becomes \"if (a) { b(); } else { c(); }\"; Never brace: the "
+             "reverse. An \"else if\" chain stays a chain; braces that decide which \"if\" an \"else\" belongs "
+             "to stay."},
+    {.name = P::FOR_CS_SINGLE_STMT_BRACE_STYLE, .kind = K::CHOICE, .page = CS, .label = "for",
+     .group = "Single statement control blocks", .fallback = 0, .choices = BRACE_STYLE_CHOICES,
+     .note = "Always brace: \"for (;;) b();\" becomes \"for (;;) { b(); }\"; Never brace: the reverse."},
+    {.name = P::WHILE_CS_SINGLE_STMT_BRACE_STYLE, .kind = K::CHOICE, .page = CS, .label = "while",
+     .group = "Single statement control blocks", .fallback = 0, .choices = BRACE_STYLE_CHOICES,
+     .note = "Always brace: \"while (a) b();\" becomes \"while (a) { b(); }\"; Never brace: the reverse. The \"while\" "
+             "of a \"do\" is not touched."},
     doNotFormat(P::CONTROL_STATEMENTS_DO_NOT_FORMAT, CS),
     useGlobal(P::CONTROL_STATEMENTS_USE_GLOBAL_SETTINGS, CS),
 

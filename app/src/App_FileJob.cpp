@@ -5,6 +5,7 @@
 #include "App_ProgramFiles.h"
 #include "App_UserMessages.h"
 #include "KemptUI_UserTexts.h"
+#include "Kempt_FormatCheck.h"
 #include "Kempt_FormatEngine.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_TokenComparison.h"
@@ -49,19 +50,6 @@ void show(FileProgress* progress, const std::string& format, const std::string& 
 {
     if (progress)
         progress->showStatus(fill(format, {path}));
-}
-
-// True when the brace rewriter runs under these properties, adding or
-// removing braces that the verification must then leave out.
-bool rewritesBraces(const Kempt::PropertySet& properties)
-{
-    for (const char* name : {Kempt::Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE,
-                             Kempt::Prop::FOR_CS_SINGLE_STMT_BRACE_STYLE, Kempt::Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE}) {
-        std::int32_t style = 0;
-        if (properties.getInt(name, style) && style != 0)
-            return true;
-    }
-    return false;
 }
 
 } // namespace
@@ -279,9 +267,9 @@ bool FileJob::verify(const std::string& label, const Kempt::PropertySet& propert
 {
     if (!m_options.verify)
         return true;
-    Kempt::TokenComparisonOptions options;
-    options.ignoreBraces = rewritesBraces(properties);
-    const Kempt::TokenComparison c = Kempt::compareTokens(e.input, e.output, options);
+    // Under a brace style, exactly the braces the rewriter adds or removes may differ.
+    const Kempt::FormatSettings settings(properties, Kempt::defaultRegionMarkers());
+    const Kempt::TokenComparison c = Kempt::compareFormatted(settings, e.input, e.output);
     if (c.same)
         return true;
     m_sink.addMessage(fill(userMessages().tokensDiffer, {label, std::to_string(c.beforePosition.line), c.describe()}),

@@ -1,6 +1,6 @@
 // compareTokens: white space never counts; dropped, added, changed and
 // reordered tokens do; comments count by their words and directives by their
-// tokens; the brace option; positions and descriptions of a difference.
+// tokens; braces left out by position and through a brace rewrite; positions and descriptions of a difference.
 #include "Kempt_TokenComparison.h"
 
 #include <gtest/gtest.h>
@@ -297,22 +297,92 @@ TEST(TokenComparisonTest, DeeplyNestedDirectiveTextCountsByItsWords)
 
 // ---- braces ----
 
-TEST(TokenComparisonTest, BracesCountUnlessIgnored)
+TEST(TokenComparisonTest, OnlyTheBracesNamedByPositionAreLeftOut)
 {
-    const Kempt::TokenComparisonOptions ignore{true};
     expectDifferent("if (a) b;", "if (a) {b;}");
-    expectSame("if (a) b;", "if (a) {b;}", ignore);
-    expectSame("if (a) { b; }", "if (a)  b;", ignore);
-    expectSame("for (;;) if (a) b;", "for (;;) {\n    if (a) {\n        b;\n    }\n}\n", ignore);
+    Kempt::TokenComparisonOptions added;
+    added.bracesOutAfter = {Position(1, 8), Position(1, 11)};
+    EXPECT_TRUE(compareTokens("if (a) b;", "if (a) {b;}", added).same);
+    Kempt::TokenComparisonOptions removed;
+    removed.bracesOutBefore = {Position(2, 11), Position(1, 8)}; // in any order
+    EXPECT_TRUE(compareTokens("if (a) { b;\n          }", "if (a)  b;", removed).same);
+    // Another brace still counts.
+    EXPECT_FALSE(compareTokens("if (a) b; }", "if (a) {b;}", added).same);
 }
 
-TEST(TokenComparisonTest, IgnoringBracesStillCatchesEverythingElse)
+TEST(TokenComparisonTest, ANamedBraceThatIsNotThereIsADifference)
 {
-    const Kempt::TokenComparisonOptions ignore{true};
-    expectDifferent("if (a) b;", "if (a) {c;}", ignore);
-    expectDifferent("if (a) b; // x\n", "if (a) {b;}\n", ignore);
-    // Braces inside a directive are never ignored: the rewriter leaves directives alone.
-    expectDifferent("#define B {\n", "#define B\n", ignore);
+    Kempt::TokenComparisonOptions options;
+    options.bracesOutBefore = {Position(1, 1)};
+    const TokenComparison c = compareTokens("a;", "a;", options);
+    EXPECT_FALSE(c.same);
+    EXPECT_EQ(c.beforePosition, Position(1, 1));
+}
+
+TEST(TokenComparisonTest, LeavingBracesOutStillCatchesEverythingElse)
+{
+    Kempt::TokenComparisonOptions added;
+    added.bracesOutAfter = {Position(1, 8), Position(1, 11)};
+    EXPECT_FALSE(compareTokens("if (a) b;", "if (a) {c;}", added).same);
+    EXPECT_FALSE(compareTokens("if (a) b; // x\n", "if (a) {b;}\n", added).same);
+    // Braces inside a directive are never left out: the rewriter leaves directives alone.
+    Kempt::TokenComparisonOptions inDirective;
+    inDirective.bracesOutBefore = {Position(1, 11)};
+    EXPECT_FALSE(compareTokens("#define B {\n", "#define B\n", inDirective).same);
+}
+
+// ---- through a brace rewrite ----
+
+// `if (a) { b; }` rewritten to `if (a)  b;` and then laid out.
+Kempt::BraceRewrite removedRewrite()
+{
+    Kempt::BraceRewrite r;
+    r.text = "void f() { if (a)  b; c(); }\n";
+    r.edits.removed = {Position(1, 19), Position(1, 24)};
+    return r;
+}
+
+const char* const REMOVED_INPUT = "void f() { if (a) { b; } c(); }\n";
+
+TEST(TokenComparisonTest, ARewriteAcceptsExactlyItsBraces)
+{
+    const Kempt::BraceRewrite r = removedRewrite();
+    EXPECT_TRUE(compareTokens(REMOVED_INPUT, r, "void f()\n{\n    if (a)\n        b;\n    c();\n}\n").same);
+
+    Kempt::BraceRewrite added;
+    added.text = "if (a) {b;}\n";
+    added.edits.added = {Position(1, 8), Position(1, 11)};
+    EXPECT_TRUE(compareTokens("if (a) b;\n", added, "if (a)\n{\n    b;\n}\n").same);
+}
+
+TEST(TokenComparisonTest, ARewriterThatDropsAnyOtherTokenIsRefused)
+{
+    // The rewriter lost the ";" behind b as well.
+    Kempt::BraceRewrite lostSemicolon = removedRewrite();
+    lostSemicolon.text = "void f() { if (a)  b c(); }\n";
+    const TokenComparison c = compareTokens(REMOVED_INPUT, lostSemicolon, "void f() { if (a)  b c(); }\n");
+    EXPECT_FALSE(c.same);
+    EXPECT_EQ(c.describe(), "token \";\" was dropped");
+
+    // The rewriter dropped the function's own "}" and did not say so.
+    Kempt::BraceRewrite lostBrace = removedRewrite();
+    lostBrace.text = "void f() { if (a)  b; c(); \n";
+    EXPECT_FALSE(compareTokens(REMOVED_INPUT, lostBrace, lostBrace.text).same);
+
+    // It says it removed the function's braces: they are not where it says.
+    Kempt::BraceRewrite wrongPlace = removedRewrite();
+    wrongPlace.edits.removed = {Position(1, 10), Position(1, 24)};
+    EXPECT_FALSE(compareTokens(REMOVED_INPUT, wrongPlace, wrongPlace.text).same);
+}
+
+TEST(TokenComparisonTest, ALaterPassThatChangesATokenIsToldWhereItStoodInTheInput)
+{
+    const Kempt::BraceRewrite r = removedRewrite();
+    const TokenComparison c = compareTokens(REMOVED_INPUT, r, "void f()\n{\n    if (a)\n        b;\n    d();\n}\n");
+    EXPECT_FALSE(c.same);
+    EXPECT_EQ(c.describe(), "token \"c\" became \"d\"");
+    EXPECT_EQ(c.beforePosition, Position(1, 26));
+    EXPECT_EQ(c.afterPosition, Position(5, 5));
 }
 
 // ---- descriptions ----

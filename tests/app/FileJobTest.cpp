@@ -456,6 +456,36 @@ TEST_F(FileJobTest, VerificationLeavesBracesOutOnlyWhenTheBraceRewriterRuns)
     }
 }
 
+TEST_F(FileJobTest, UnderABraceStyleOnlyTheBracesTheRewriterChangesMayDiffer)
+{
+    const std::string input = "void f() { if (a) { b(); } while (c) { d(); e(); } }\n";
+    Kempt::PropertySet braces;
+    braces.setInt(Kempt::Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, 2);
+    braces.setInt(Kempt::Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE, 2);
+    struct Case {
+        std::string output;
+        App::JobResult result;
+    };
+    const std::vector<Case> cases = {
+        // The braces round b() go, exactly as the rewriter takes them out.
+        {"void f() { if (a) b(); while (c) { d(); e(); } }\n", App::JobResult::FORMATTED},
+        // A rewriter that also dropped a ";".
+        {"void f() { if (a) b() while (c) { d(); e(); } }\n", App::JobResult::FAILED},
+        // ... or the braces of a body of two statements.
+        {"void f() { if (a) b(); while (c) d(); e(); }\n", App::JobResult::FAILED},
+        // ... or the function's own braces.
+        {"void f() if (a) b(); while (c) { d(); e(); }\n", App::JobResult::FAILED},
+        // ... or kept the braces and dropped another token.
+        {"void f() { if (a) { b(); } while (c) { d(); } }\n", App::JobResult::FAILED},
+    };
+    for (const Case& c : cases) {
+        const fs::path f = file("a.cpp", input);
+        App::FileJob job(m_sink, {.createBackups = false}, giving(c.output));
+        EXPECT_EQ(job.formatFile(f.string(), braces), c.result) << c.output;
+        EXPECT_EQ(readBytes(f), c.result == App::JobResult::FORMATTED ? c.output : input) << c.output;
+    }
+}
+
 TEST_F(FileJobTest, ExceptionsAreToldInTheirOrderAndTheFileStays)
 {
     const fs::path f = file("a.cpp", "int  x;\n");

@@ -26,9 +26,10 @@ std::string bytesFailure(const std::string& what, const std::string& expected, c
 }
 
 std::string tokenFailure(const std::string& what, const std::string& before, const std::string& after,
-                         const Kempt::TokenComparisonOptions& options)
+                         const Kempt::PropertySet& scheme)
 {
-    const Kempt::TokenComparison c = Kempt::compareTokens(before, after, options);
+    const Kempt::FormatSettings settings(scheme, Kempt::defaultRegionMarkers());
+    const Kempt::TokenComparison c = Kempt::compareFormatted(settings, before, after);
     if (c.same)
         return std::string();
     return what + ": line " + std::to_string(c.beforePosition.line) + ":" + std::to_string(c.beforePosition.col)
@@ -90,17 +91,6 @@ FormatRun formatText(const std::string& text, const Kempt::PropertySet& scheme)
     return run;
 }
 
-bool rewritesBraces(const Kempt::PropertySet& scheme)
-{
-    for (const char* name : {Kempt::Prop::IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE, Kempt::Prop::FOR_CS_SINGLE_STMT_BRACE_STYLE,
-                             Kempt::Prop::WHILE_CS_SINGLE_STMT_BRACE_STYLE}) {
-        std::int32_t style = 0;
-        if (scheme.getInt(name, style) && style != 0)
-            return true;
-    }
-    return false;
-}
-
 bool loadCase(const Roots& roots, const Case& c, LoadedCase& loaded, std::string& error)
 {
     if (!readFile(c.input, loaded.input)) {
@@ -151,13 +141,12 @@ std::vector<std::string> checkCase(const LoadedCase& loaded)
         failures.push_back(bytesFailure("not stable: formatting the expected output changed it", loaded.expected,
                                         again.output));
     // 3. Token preservation, of the expected output and of the actual one.
-    const Kempt::TokenComparisonOptions options{rewritesBraces(loaded.scheme)};
     if (std::string f = tokenFailure("the expected output changes tokens of the input", loaded.input,
-                                     loaded.expected, options);
+                                     loaded.expected, loaded.scheme);
         !f.empty())
         failures.push_back(f);
     if (run.output != loaded.expected) {
-        if (std::string f = tokenFailure("the output changes tokens of the input", loaded.input, run.output, options);
+        if (std::string f = tokenFailure("the output changes tokens of the input", loaded.input, run.output, loaded.scheme);
             !f.empty())
             failures.push_back(f);
     }

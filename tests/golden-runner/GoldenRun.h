@@ -29,10 +29,6 @@ struct FormatRun {
 // Formats `text` with `scheme` and the default region markers.
 FormatRun formatText(const std::string& text, const Kempt::PropertySet& scheme);
 
-// True when the scheme turns the brace rewriter on, so that braces may come
-// and go between input and output.
-bool rewritesBraces(const Kempt::PropertySet& scheme);
-
 // Everything a case is checked with, read from its files.
 struct LoadedCase {
     std::string input;

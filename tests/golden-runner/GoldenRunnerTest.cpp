@@ -345,14 +345,30 @@ TEST(GoldenCheckTest, MessagesExpectedFromATextThatFormatsFail)
     EXPECT_NE(failures[0].find("the text formatted, but the case expects it to fail"), std::string::npos);
 }
 
-TEST(GoldenCheckTest, BraceRewritingSchemesCompareWithoutBraces)
+TEST(GoldenCheckTest, BraceRewritingSchemesExcuseOnlyTheBracesTheRewriterChanged)
 {
-    Kempt::PropertySet set;
-    EXPECT_FALSE(rewritesBraces(set));
-    set.setInt("FOR_CS_SINGLE_STMT_BRACE_STYLE", 0);
-    EXPECT_FALSE(rewritesBraces(set));
-    set.setInt("WHILE_CS_SINGLE_STMT_BRACE_STYLE", 2);
-    EXPECT_TRUE(rewritesBraces(set));
+    const std::string input = "void f()\n{\n    if (a) {\n        b();\n    }\n}\n";
+    Kempt::PropertySet scheme;
+    scheme.setInt("IF_ELSE_CS_SINGLE_STMT_BRACE_STYLE", 2);
+    const FormatRun run = formatText(input, scheme);
+    ASSERT_TRUE(run.succeeded()) << run.explain();
+    ASSERT_EQ(run.output.find("{\n        b"), std::string::npos) << run.output;
+
+    LoadedCase good = loadedCase(input, run.output);
+    good.scheme = scheme;
+    EXPECT_EQ(checkCase(good), std::vector<std::string>());
+
+    // The function's own braces are no business of the rewriter.
+    std::string tampered = run.output;
+    tampered.erase(tampered.rfind('}'), 1);
+    LoadedCase bad = loadedCase(input, tampered);
+    bad.scheme = scheme;
+    const std::vector<std::string> failures = checkCase(bad);
+    ASSERT_FALSE(failures.empty());
+    bool toldTokens = false;
+    for (const std::string& f : failures)
+        toldTokens = toldTokens || f.find("the expected output changes tokens of the input") != std::string::npos;
+    EXPECT_TRUE(toldTokens);
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -89,7 +90,8 @@ bool has(const std::string& text, const std::string& part)
 }
 
 // The fields of the table row of a scheme, after its name: corpus, files,
-// parsed, parsed%, token-identical, stable, byte-identical, crashes, hangs.
+// parsed, parsed%, token-identical, stable, stable%, byte-identical, unparsable,
+// pairing, crashes, hangs.
 std::string row(const std::string& out, const std::string& scheme)
 {
     std::istringstream lines(out);
@@ -121,8 +123,55 @@ TEST_F(InvariantsTest, CountsFilesParsesAndSourceNamesOnly)
     smallCorpus();
     const Result r = run({"--scheme", "Leave as is", corpus()});
     EXPECT_EQ(r.status, 0) << r.out << r.err;
-    // files, parsed, parsed%, token-identical, stable, byte-identical, crashes, hangs
-    EXPECT_EQ(row(r.out, "Leave as is"), "corpus 4 3 75.0% 3 3 3 0 0") << r.out;
+    // files, parsed, parsed%, token-identical, stable, stable%, byte-identical, unparsable, pairing, crashes,
+    // hangs
+    EXPECT_EQ(row(r.out, "Leave as is"), "corpus 4 3 75.0% 3 3 100.00% 3 0 0 0 0") << r.out;
+}
+
+// A scheme of the repository's default with all three brace styles at `style`.
+std::string braceScheme(const fs::path& dir, int style)
+{
+    std::ifstream in(fs::path(TW_SCHEMES_DIR) / "default.tws");
+    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    // The file has CR LF line breaks; the value is the digit behind the name.
+    for (const char* name : {"IF_ELSE", "FOR", "WHILE"}) {
+        const std::string setting = std::string("2 ") + name + "_CS_SINGLE_STMT_BRACE_STYLE ";
+        const std::size_t at = text.find(setting);
+        EXPECT_NE(at, std::string::npos) << name;
+        if (at != std::string::npos)
+            text.replace(at + setting.size(), 1, std::to_string(style));
+    }
+    const fs::path path = dir / ("braces-" + std::to_string(style) + ".tws");
+    std::ofstream(path) << text;
+    return path.string();
+}
+
+TEST_F(InvariantsTest, UnderBraceStylesEveryElseKeepsItsIf)
+{
+    put("d.cpp", "void f(int a, int b)\n{\n    if (a) { if (b) a++; } else b++;\n    if (a) b++; else a++;\n"
+                 "    for (;;) { if (a) break; }\n}\n");
+    for (int style : {1, 2}) {
+        const Result r = run({"--scheme-file", braceScheme(m_dir, style), corpus()});
+        EXPECT_EQ(r.status, 0) << r.out << r.err;
+        EXPECT_TRUE(has(r.out, "no failures")) << r.out;
+    }
+}
+
+TEST_F(InvariantsTest, ARewriteThatHandsAnElseToAnotherIfIsReported)
+{
+    put("d.cpp", "void f(int a, int b)\n{\n    if (a) /* FAULT */ { if (b) a++; } else b++;\n}\n");
+    const Result r = run({"--scheme-file", braceScheme(m_dir, 2), "--simulate-fault", "unbrace:FAULT", corpus()});
+    EXPECT_EQ(r.status, 1) << r.out << r.err;
+    EXPECT_TRUE(has(r.out, "d.cpp: [braces-2] tokens:")) << r.out;
+    // corpus, files, parsed, parsed%, token-identical, stable, stable%, byte-identical, unparsable, pairing
+    std::istringstream fields(row(r.out, "braces-2"));
+    std::vector<std::string> f;
+    for (std::string field; fields >> field;)
+        f.push_back(field);
+    ASSERT_GE(f.size(), 10u) << r.out;
+    EXPECT_EQ(f[4], "0") << r.out;
+    EXPECT_EQ(f[8], "0") << r.out;
+    EXPECT_EQ(f[9], "1") << r.out;
 }
 
 TEST_F(InvariantsTest, AHangIsReportedAndTheRunGoesOn)
@@ -132,7 +181,7 @@ TEST_F(InvariantsTest, AHangIsReportedAndTheRunGoesOn)
                           corpus()});
     EXPECT_EQ(r.status, 1) << r.out << r.err;
     EXPECT_TRUE(has(r.out, "a.cpp: [default] hang: no result within 1 s")) << r.out;
-    EXPECT_EQ(row(r.out, "default"), "corpus 4 2 50.0% 2 2 - 0 1") << r.out;
+    EXPECT_EQ(row(r.out, "default"), "corpus 4 2 50.0% 2 2 100.00% - 0 0 0 1") << r.out;
 }
 
 TEST_F(InvariantsTest, ACrashIsReportedAndTheRunGoesOn)
@@ -141,7 +190,7 @@ TEST_F(InvariantsTest, ACrashIsReportedAndTheRunGoesOn)
     const Result r = run({"--scheme", "default", "--jobs", "1", "--simulate-fault", "crash:FAULT", corpus()});
     EXPECT_EQ(r.status, 1) << r.out << r.err;
     EXPECT_TRUE(has(r.out, "a.cpp: [default] crash: killed by signal")) << r.out;
-    EXPECT_EQ(row(r.out, "default"), "corpus 4 2 50.0% 2 2 - 1 0") << r.out;
+    EXPECT_EQ(row(r.out, "default"), "corpus 4 2 50.0% 2 2 100.00% - 0 0 1 0") << r.out;
 }
 
 TEST_F(InvariantsTest, AnExceptionCountsAsACrash)
@@ -158,7 +207,7 @@ TEST_F(InvariantsTest, ALostTokenIsReportedWithItsPlace)
     const Result r = run({"--scheme", "K&R", "--simulate-fault", "drop:FAULT", corpus()});
     EXPECT_EQ(r.status, 1) << r.out << r.err;
     EXPECT_TRUE(has(r.out, "a.cpp: [K&R] tokens: line 1:8: token \"// FAULT\\n\" became \"// \\n\"")) << r.out;
-    EXPECT_EQ(row(r.out, "K&R"), "corpus 4 3 75.0% 2 3 - 0 0") << r.out;
+    EXPECT_EQ(row(r.out, "K&R"), "corpus 4 3 75.0% 2 3 100.00% - 0 0 0 0") << r.out;
 }
 
 TEST_F(InvariantsTest, AnUnstableOutputAndAChangedByteAreReported)
@@ -170,8 +219,8 @@ TEST_F(InvariantsTest, AnUnstableOutputAndAChangedByteAreReported)
     EXPECT_TRUE(has(r.out, "a.cpp: [default] unstable: not stable: a second run changes line 3, column 1")) << r.out;
     EXPECT_TRUE(has(r.out, "a.cpp: [(no white space)] bytes: output differs from the input at line 2, column 1"))
         << r.out;
-    EXPECT_EQ(row(r.out, "default"), "corpus 4 3 75.0% 3 2 - 0 0") << r.out;
-    EXPECT_EQ(row(r.out, "(no white space)"), "corpus 4 3 75.0% 3 2 2 0 0") << r.out;
+    EXPECT_EQ(row(r.out, "default"), "corpus 4 3 75.0% 3 2 66.67% - 0 0 0 0") << r.out;
+    EXPECT_EQ(row(r.out, "(no white space)"), "corpus 4 3 75.0% 3 2 66.67% 2 0 0 0 0") << r.out;
     // --max-listed 0 lists every failing file; 1 lists one and counts the rest.
     const Result all = run({"--scheme", "default", "--scheme", "(no white space)", "--max-listed", "0",
                             "--simulate-fault", "unstable:FAULT", corpus()});
