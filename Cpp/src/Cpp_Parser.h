@@ -227,6 +227,7 @@ private:
     std::int32_t balancedGroupEnd(Stream& s, std::int32_t open);
     NamespaceBodyNode* parseNamespaceBody(Stream& s);
     SyntaxNode* parseTemplate(Stream& s);
+    std::int32_t requiresClauseLength(Stream& s);
     SyntaxNode* parseExtern(Stream& s);
     LinkageBlockNode* parseLinkageBlock(Stream& s);
     LinkageBlockBodyNode* parseLinkageBody(Stream& s);

@@ -637,7 +637,67 @@ SyntaxNode* Parser::parseTemplate(Stream& s)
     ParameterListNode* parameters = parseParameterList(s, true);
     if (!parameters)
         return nullptr;
-    return new TemplateNode(keywordNode.release(), parameters);
+    auto node = std::make_unique<TemplateNode>(keywordNode.release(), parameters);
+    // With the later extensions a requires clause behind the head belongs to
+    // it, and is copied as it stands: `template <class T> requires C<T>`.
+    if (m_later) {
+        const std::int32_t length = requiresClauseLength(s);
+        Trn::Token last;
+        for (std::int32_t i = 0; i < length; ++i)
+            last = get(s);
+        if (length > 0)
+            node->setEnd(last.end());
+    }
+    return node.release();
+}
+
+// The number of tokens ahead that form a requires clause, `requires C<T> &&
+// (sizeof(T) > 4)`, through its last token; 0 when no `requires` stands ahead
+// or the clause does not end well. Its terms are names with their template
+// arguments, `true`, `false` and parenthesised expressions, each perhaps
+// behind `!`, joined by `&&` and `||`.
+std::int32_t Parser::requiresClauseLength(Stream& s)
+{
+    std::int32_t n = 1;
+    const auto skipToSignificant = [&] {
+        while (isDiscardable(peekAt(s, n)))
+            ++n;
+    };
+    skipToSignificant();
+    if (!isWord(peekAt(s, n), "requires"))
+        return 0;
+    for (;;) {
+        ++n;
+        skipToSignificant();
+        while (peekAt(s, n).type() == NOT) {
+            ++n;
+            skipToSignificant();
+        }
+        const Trn::Token term = peekAt(s, n);
+        if (term.type() == LPAREN) {
+            n = balancedEnd(s, n);
+            if (n == 0)
+                return 0;
+        } else if (term.type() == IDENTIFIER) {
+            // `C<T>`, `std::is_integral_v<T>`, `C<T>::value`
+            while (peekAt(s, n + 1).type() == LESS_THAN) {
+                n = balancedEnd(s, n + 1);
+                if (n == 0)
+                    return 0;
+                if (!isQualifiedName(peekAt(s, n + 1)) || !peekAt(s, n + 1).text().starts_with("::"))
+                    break;
+                ++n;
+            }
+        } else if (term.type() != TRUE_KEY && term.type() != FALSE_KEY) {
+            return 0;
+        }
+        const std::int32_t last = n;
+        ++n;
+        skipToSignificant();
+        const std::int32_t joint = peekAt(s, n).type();
+        if (joint != LOGICAL_AND && joint != LOGICAL_OR)
+            return last;
+    }
 }
 
 // ---------------------------------------------------------------------------

@@ -683,6 +683,7 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
     list->setBegin(first.start());
     int depth = 1;
     int angle = 0;
+    int parens = 0; // in template mode, with the later extensions
     std::int32_t previous = first.type(); // the last token other than a comment or directive
     bool inParameter = false;
     bool complex = false;
@@ -722,6 +723,18 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
         }
         const std::int32_t before = previous;
         previous = type;
+        // With the later extensions, angle brackets inside parentheses in a
+        // template's list are comparisons: `template <bool = (N < 2)>`.
+        if (templateMode && m_later) {
+            if (type == LPAREN) {
+                ++parens;
+            } else if (type == RPAREN && parens > 0) {
+                --parens;
+            } else if (parens > 0 && (type == LESS_THAN || type == GREATER_THAN || type == RIGHT_SHIFT)) {
+                extend(t.start(), t.end());
+                continue;
+            }
+        }
         if (type == open) {
             ++depth;
         } else if (type == close) {
