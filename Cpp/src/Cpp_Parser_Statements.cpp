@@ -539,14 +539,16 @@ bool Parser::opensBracesInHead(const Trn::Token& previous, bool arrow) const
     return p == MUTABLE_KEY || isWord(previous, "noexcept");
 }
 
-// With the later extensions: whether the "{" just taken behind the name `previous`
-// inside a control statement's parentheses opens a value rather than showing a
-// head that has run away: `if (n != size_t{})`, `if (Pred{}(x))`, and the
-// body of a requires expression, `if constexpr (requires { x.f(); })`. The
-// braces of a value hold no ";", and a ")" or an operator follows them.
+// With the later extensions: whether the "{" just taken behind `previous`, a
+// name or a type word, inside a control statement's parentheses opens a value
+// rather than showing a head that has run away: `if (n != size_t{})`,
+// `if (x == int{})`, `if (Pred{}(x))`, and the body of a requires expression,
+// `if constexpr (requires { x.f(); })`. The braces of a value hold no ";"
+// (but those of a requires expression may), and a ")" or an operator follows
+// them.
 bool Parser::bracedValueAhead(Stream& s, const Trn::Token& previous)
 {
-    if (previous.type() != IDENTIFIER)
+    if (previous.type() != IDENTIFIER && !isBuiltInType(previous.type()))
         return false;
     const bool requirement = isWord(previous, "requires");
     int depth = 1;
