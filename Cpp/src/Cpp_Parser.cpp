@@ -522,6 +522,15 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             return true;
         // `class A {`, `enum E {`, `typedef enum {`
         case LBRACE:
+            // With the later extensions, braces inside template arguments are
+            // a value: `struct A<void_t<decltype(f(std::declval<T>(), {}))>>`
+            if (m_later && angle > 0
+                && (prev == COMMA || prev == LPAREN || prev == LESS_THAN || prev == IDENTIFIER)) {
+                if (!gatherBalanced(s, g.tokens, LBRACE, RBRACE, 1))
+                    return false;
+                g.prev = g.tokens.back();
+                continue;
+            }
             // With the extensions, a brace initialiser: `int x{0};`
             if (m_extended && !seenEnum && !seenClassKey && !seenColon && words > 2
                 && (prev == IDENTIFIER || prev == RBRACKET)) {

@@ -64,6 +64,10 @@ void Parser::joinHead(Stream& s, HeadText& head, bool enumHead)
             [[fallthrough]];
         case LBRACE:
         case SEMICOLON:
+            // With the later extensions braces inside template arguments are
+            // part of the name: `A<decltype(f({}))>`.
+            if (m_later && angle > 0 && t.type() == LBRACE)
+                break;
             s.unget();
             head.stop = t;
             return;
