@@ -395,4 +395,15 @@ TEST(ParserClassesTest, RequiresClauseEndsAtItsLastTerm)
     EXPECT_NE(tree.find("ClassNameNode 2:1-2:8 type=STRUCT_KEY text=\"struct A\""), std::string::npos) << tree;
 }
 
+TEST(ParserClassesTest, BracesInTemplateArgumentsOfAClassHeadAreAValue)
+{
+    const std::string tree = TwTest::laterTreeOf(
+        "template <class V, class T>\n"
+        "struct Impl<V, T, void_t<decltype(F<V>::Run(std::declval<T>(), {}))>>\n"
+        "    : std::true_type {};\n");
+    EXPECT_NE(tree.find("ClassNameNode 2:1-2:69 type=STRUCT_KEY"), std::string::npos) << tree;
+    EXPECT_NE(tree.find("BaseClauseNode 3:7-3:20 text=\"std::true_type\""), std::string::npos) << tree;
+    EXPECT_NE(tree.find("ClassBodyNode 3:22-3:23"), std::string::npos) << tree;
+}
+
 } // namespace
