@@ -228,6 +228,7 @@ private:
     NamespaceBodyNode* parseNamespaceBody(Stream& s);
     SyntaxNode* parseTemplate(Stream& s);
     std::int32_t requiresClauseLength(Stream& s);
+    std::int32_t nextSignificantIndex(Stream& s, std::int32_t from, std::int32_t type);
     SyntaxNode* parseExtern(Stream& s);
     LinkageBlockNode* parseLinkageBlock(Stream& s);
     LinkageBlockBodyNode* parseLinkageBody(Stream& s);
@@ -251,6 +252,7 @@ private:
     struct FunctionName;
     bool findFunctionName(const TokenList& list, std::size_t parenIndex, FunctionName& name);
     bool findOperatorName(const TokenList& list, FunctionName& name);
+    std::size_t beforeAttributes(const TokenList& list, std::size_t end);
     void extendName(const TokenList& list, FunctionName& name);
     ExprNode* parseExceptionSpec(Stream& head);
     ExprNode* parsePureSpec(Stream& head);

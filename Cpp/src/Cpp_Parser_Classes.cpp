@@ -655,11 +655,20 @@ SyntaxNode* Parser::parseTemplate(Stream& s)
     return node.release();
 }
 
+// The peek index of the first token from `from` on that is neither comment
+// nor directive, when it is of `type`; 0 otherwise.
+std::int32_t Parser::nextSignificantIndex(Stream& s, std::int32_t from, std::int32_t type)
+{
+    while (isDiscardable(peekAt(s, from)))
+        ++from;
+    return peekAt(s, from).type() == type ? from : 0;
+}
+
 // The number of tokens ahead that form a requires clause, `requires C<T> &&
 // (sizeof(T) > 4)`, through its last token; 0 when no `requires` stands ahead
 // or the clause does not end well. Its terms are names with their template
 // arguments, `true`, `false` and parenthesised expressions, each perhaps
-// behind `!`, joined by `&&` and `||`.
+// behind `!`, and requires expressions, joined by `&&` and `||`.
 std::int32_t Parser::requiresClauseLength(Stream& s)
 {
     std::int32_t n = 1;
@@ -678,7 +687,27 @@ std::int32_t Parser::requiresClauseLength(Stream& s)
             skipToSignificant();
         }
         const Trn::Token term = peekAt(s, n);
-        if (term.type() == LPAREN) {
+        if (isWord(term, "requires")) {
+            // A requires expression: `requires (T& t) { t.f(); }`
+            if (nextSignificantIndex(s, n + 1, LPAREN)) {
+                n = balancedEnd(s, nextSignificantIndex(s, n + 1, LPAREN));
+                if (n == 0)
+                    return 0;
+            }
+            const std::int32_t open = nextSignificantIndex(s, n + 1, LBRACE);
+            if (open == 0)
+                return 0;
+            n = open;
+            for (int depth = 1; depth > 0;) {
+                const std::int32_t type = peekAt(s, ++n).type();
+                if (type == END_OF_FILE)
+                    return 0;
+                if (type == LBRACE)
+                    ++depth;
+                else if (type == RBRACE)
+                    --depth;
+            }
+        } else if (term.type() == LPAREN) {
             n = balancedEnd(s, n);
             if (n == 0)
                 return 0;

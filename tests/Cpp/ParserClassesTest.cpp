@@ -406,4 +406,12 @@ TEST(ParserClassesTest, BracesInTemplateArgumentsOfAClassHeadAreAValue)
     EXPECT_NE(tree.find("ClassBodyNode 3:22-3:23"), std::string::npos) << tree;
 }
 
+TEST(ParserClassesTest, RequiresExpressionInAClause)
+{
+    const std::string tree
+        = TwTest::laterTreeOf("template <class T> requires requires (T& t) { t.f(); }\nvoid f(T x);\n");
+    EXPECT_NE(tree.find("TemplateNode 1:1-1:54"), std::string::npos) << tree;
+    EXPECT_NE(tree.find("IdNode 2:6-2:6 text=\"f\""), std::string::npos) << tree;
+}
+
 } // namespace
