@@ -287,6 +287,9 @@ bool Lexer::scanNumber(int first, Trn::Token& out)
         } else if (isOneOf(c, "lLfF")) {
             take(c);
             takeWhile("lLfF");
+        } else if (c == '\'' && (isDigit(peek()) || (hex && isXDigit(peek())))) {
+            // A digit separator: `1'000'000`, `0xffff'ffff`.
+            take(c);
         } else {
             break;
         }

@@ -166,30 +166,43 @@ void Parser::parse(Lexer& lexer, RootNode& root, Trn::FormatMessageList& message
         root = std::move(core);
         return;
     }
-    // 2. The extensions.
-    dropOwnMessages();
-    RootNode extended;
-    if (read(lexer, extended, Reading::EXTENDED, false) || !lexer.restart()) {
-        root = std::move(extended);
-        return;
+    // 2. The extensions, then the same with the other branches of each
+    //    conditional folded into one directive, for braces that balance only
+    //    across branches; then both again with the later extensions. Each
+    //    reading is made only when all before it refused the text, so a text
+    //    that one of them accepts keeps the tree that reading gives it.
+    //    The messages of a text refused by all are those of the last
+    //    unfolded reading.
+    Trn::FormatMessageList refusal;
+    RootNode refused;
+    for (const Reading reading : {Reading::EXTENDED, Reading::LATER}) {
+        for (const bool folding : {false, true}) {
+            dropOwnMessages();
+            if (!lexer.restart())
+                break;
+            const bool reportsRefusal = reading == Reading::LATER && !folding;
+            // Only the folded reading with the extensions alone stops at its
+            // first fault: a reading that stops cannot try one reading of a
+            // construct after another (`NS_START { ... }`).
+            const bool stopAtFault = reading == Reading::EXTENDED && folding;
+            lexer.setFoldingElseBranches(folding);
+            RootNode attempt;
+            const bool accepted = read(lexer, attempt, reading, stopAtFault);
+            lexer.setFoldingElseBranches(false);
+            if (accepted) {
+                root = std::move(attempt);
+                return;
+            }
+            if (reportsRefusal) {
+                refusal.assign(std::next(m_messages.begin(), given), m_messages.end());
+                refused = std::move(attempt);
+            }
+        }
     }
-    // 3. The extensions, with the other branches of each conditional folded
-    //    into one directive, for braces that balance only across branches.
-    //    The messages of a text refused even so are those of step 2.
-    Trn::FormatMessageList extendedMessages(std::next(m_messages.begin(), given), m_messages.end());
     dropOwnMessages();
-    lexer.setFoldingElseBranches(true);
-    RootNode folded;
-    const bool foldedReads = read(lexer, folded, Reading::EXTENDED, true);
-    lexer.setFoldingElseBranches(false);
-    if (foldedReads) {
-        root = std::move(folded);
-        return;
-    }
-    dropOwnMessages();
-    m_messages.insert(m_messages.end(), extendedMessages.begin(), extendedMessages.end());
-    root = std::move(extended);
-    // 4. Most refusals of real code come from a macro used as syntax: name
+    m_messages.insert(m_messages.end(), refusal.begin(), refusal.end());
+    root = std::move(refused);
+    // 3. Most refusals of real code come from a macro used as syntax: name
     //    the likely one.
     if (lexer.restart())
         nameProbableMacro(lexer, std::next(m_messages.begin(), given));
@@ -255,6 +268,7 @@ bool Parser::read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stop
     m_nesting = 0;
     m_tooDeep = false;
     m_extended = reading != Reading::CORE;
+    m_later = reading == Reading::LATER;
     m_stopAtFault = stopAtFault;
     m_faulted = false;
     Trn::TokenStream stream(tokens);
@@ -455,6 +469,7 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
     bool seenColon = false;
     bool seenOperatorParen = false;
     bool seenClassKey = false;
+    bool seenAttribute = false;
     int words = 0; // tokens other than comments and directives
     for (;;) {
         const Trn::Token t = get(s);
@@ -507,6 +522,15 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             return true;
         // `class A {`, `enum E {`, `typedef enum {`
         case LBRACE:
+            // With the later extensions, braces inside template arguments are
+            // a value: `struct A<void_t<decltype(f(std::declval<T>(), {}))>>`
+            if (m_later && angle > 0
+                && (prev == COMMA || prev == LPAREN || prev == LESS_THAN || prev == IDENTIFIER)) {
+                if (!gatherBalanced(s, g.tokens, LBRACE, RBRACE, 1))
+                    return false;
+                g.prev = g.tokens.back();
+                continue;
+            }
             // With the extensions, a brace initialiser: `int x{0};`
             if (m_extended && !seenEnum && !seenClassKey && !seenColon && words > 2
                 && (prev == IDENTIFIER || prev == RBRACKET)) {
@@ -530,7 +554,17 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
             g.removeLast();
             g.kind = DeclKind::DATA;
             return true;
-        case LBRACKET: return classifyBracket(s, g);
+        case LBRACKET:
+            // With the later extensions, an attribute decides nothing and leaves the
+            // last word as it was: `[[nodiscard]] int f();`
+            if (m_later && peekAt(s, 1).type() == LBRACKET) {
+                if (!gatherBalanced(s, g.tokens, LBRACKET, RBRACKET, 1))
+                    return false;
+                --words;
+                seenAttribute = true;
+                continue;
+            }
+            return classifyBracket(s, g);
         case LESS_THAN:
             if (prev != OPERATOR_KEY)
                 ++angle;
@@ -562,14 +596,14 @@ bool Parser::classifyDeclaration(Stream& s, Gathered& g)
         case OPERATOR_KEY: seenOperator = true; break;
         // `class __declspec(dllexport) A`: its parentheses decide nothing.
         case IDENTIFIER:
-            if (isExtensionWord(t) && peekAt(s, 1).type() == LPAREN) {
+            if ((isExtensionWord(t) || (m_later && isWord(t, "alignas"))) && peekAt(s, 1).type() == LPAREN) {
                 if (!gatherBalanced(s, g.tokens, LPAREN, RPAREN, 0))
                     return false;
                 g.prev = g.tokens.back();
                 continue;
             }
             // `NS_END }`, `G_END_DECLS` at the end of the text.
-            if (m_extended && prev == END_OF_FILE && endsMacroLine(s, t)) {
+            if (m_extended && prev == END_OF_FILE && !seenAttribute && endsMacroLine(s, t)) {
                 g.kind = DeclKind::DATA;
                 g.macroLine = true;
                 g.prev = t;

@@ -29,8 +29,12 @@
 //     it. A text the extensions refuse too is read a third time with them,
 //     over a lexer that folds the other branches of each conditional into one
 //     directive (`#else` ... `#endif`), for braces that balance only across
-//     branches. The messages of a text refused by every reading are those of
-//     the second reading. A reading that will be repeated stops at its first
+//     branches. A text still refused is read twice more in the same way with
+//     the later extensions on as well (`m_later`: attributes, braced values in
+//     conditions, requires clauses), so that every text an earlier reading
+//     accepts keeps the tree that reading gives it. The messages of a text
+//     refused by every reading are those of the unfolded reading with the
+//     later extensions. A reading that will be repeated stops at its first
 //     fault.
 //
 // The routines are split over several files by construct family:
@@ -127,8 +131,11 @@ private:
     };
 
     // --- core and top level (Cpp_Parser.cpp) ---
-    // How a text is read: by the core rules, or with the extensions.
-    enum class Reading { CORE, EXTENDED };
+    // How a text is read: by the core rules, with the extensions, or with the
+    // extensions and the later ones (attributes, braced values in conditions,
+    // requires clauses and the like), which only a text the others refuse
+    // meets, so that a text they accept keeps its tree.
+    enum class Reading { CORE, EXTENDED, LATER };
     // One reading of the whole text; true when it left no message but code 2.
     // `stopAtFault` ends the reading at its first fault.
     bool read(Trn::Lexer& tokens, RootNode& root, Reading reading, bool stopAtFault);
@@ -220,6 +227,8 @@ private:
     std::int32_t balancedGroupEnd(Stream& s, std::int32_t open);
     NamespaceBodyNode* parseNamespaceBody(Stream& s);
     SyntaxNode* parseTemplate(Stream& s);
+    std::int32_t requiresClauseLength(Stream& s);
+    std::int32_t nextSignificantIndex(Stream& s, std::int32_t from, std::int32_t type);
     SyntaxNode* parseExtern(Stream& s);
     LinkageBlockNode* parseLinkageBlock(Stream& s);
     LinkageBlockBodyNode* parseLinkageBody(Stream& s);
@@ -243,6 +252,7 @@ private:
     struct FunctionName;
     bool findFunctionName(const TokenList& list, std::size_t parenIndex, FunctionName& name);
     bool findOperatorName(const TokenList& list, FunctionName& name);
+    std::size_t beforeAttributes(const TokenList& list, std::size_t end);
     void extendName(const TokenList& list, FunctionName& name);
     ExprNode* parseExceptionSpec(Stream& head);
     ExprNode* parsePureSpec(Stream& head);
@@ -268,6 +278,7 @@ private:
     static bool isElseIf(const CtrlSubStmtNode& part);
     CtrlSubStmtHeadNode* parseHead(Stream& s);
     bool opensBracesInHead(const Trn::Token& previous, bool arrow) const;
+    bool bracedValueAhead(Stream& s, const Trn::Token& previous);
     bool skipBraces(Stream& s, const Trn::Token& open);
     CaseNode* parseCase(Stream& s);
     LabelNode* parseLabel(Stream& s);
@@ -279,6 +290,8 @@ private:
     bool m_tooDeep = false;
     // The extensions for real-world code are on (a reading after the core one).
     bool m_extended = false;
+    // The later extensions are on too (the readings after the extended ones).
+    bool m_later = false;
     // The reading ends at its first message other than code 2, and has one.
     bool m_stopAtFault = false;
     bool m_faulted = false;

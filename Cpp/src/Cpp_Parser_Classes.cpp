@@ -64,6 +64,10 @@ void Parser::joinHead(Stream& s, HeadText& head, bool enumHead)
             [[fallthrough]];
         case LBRACE:
         case SEMICOLON:
+            // With the later extensions braces inside template arguments are
+            // part of the name: `A<decltype(f({}))>`.
+            if (m_later && angle > 0 && t.type() == LBRACE)
+                break;
             s.unget();
             head.stop = t;
             return;
@@ -637,7 +641,96 @@ SyntaxNode* Parser::parseTemplate(Stream& s)
     ParameterListNode* parameters = parseParameterList(s, true);
     if (!parameters)
         return nullptr;
-    return new TemplateNode(keywordNode.release(), parameters);
+    auto node = std::make_unique<TemplateNode>(keywordNode.release(), parameters);
+    // With the later extensions a requires clause behind the head belongs to
+    // it, and is copied as it stands: `template <class T> requires C<T>`.
+    if (m_later) {
+        const std::int32_t length = requiresClauseLength(s);
+        Trn::Token last;
+        for (std::int32_t i = 0; i < length; ++i)
+            last = get(s);
+        if (length > 0)
+            node->setEnd(last.end());
+    }
+    return node.release();
+}
+
+// The peek index of the first token from `from` on that is neither comment
+// nor directive, when it is of `type`; 0 otherwise.
+std::int32_t Parser::nextSignificantIndex(Stream& s, std::int32_t from, std::int32_t type)
+{
+    while (isDiscardable(peekAt(s, from)))
+        ++from;
+    return peekAt(s, from).type() == type ? from : 0;
+}
+
+// The number of tokens ahead that form a requires clause, `requires C<T> &&
+// (sizeof(T) > 4)`, through its last token; 0 when no `requires` stands ahead
+// or the clause does not end well. Its terms are names with their template
+// arguments, `true`, `false` and parenthesised expressions, each perhaps
+// behind `!`, and requires expressions, joined by `&&` and `||`.
+std::int32_t Parser::requiresClauseLength(Stream& s)
+{
+    std::int32_t n = 1;
+    const auto skipToSignificant = [&] {
+        while (isDiscardable(peekAt(s, n)))
+            ++n;
+    };
+    skipToSignificant();
+    if (!isWord(peekAt(s, n), "requires"))
+        return 0;
+    for (;;) {
+        ++n;
+        skipToSignificant();
+        while (peekAt(s, n).type() == NOT) {
+            ++n;
+            skipToSignificant();
+        }
+        const Trn::Token term = peekAt(s, n);
+        if (isWord(term, "requires")) {
+            // A requires expression: `requires (T& t) { t.f(); }`
+            if (nextSignificantIndex(s, n + 1, LPAREN)) {
+                n = balancedEnd(s, nextSignificantIndex(s, n + 1, LPAREN));
+                if (n == 0)
+                    return 0;
+            }
+            const std::int32_t open = nextSignificantIndex(s, n + 1, LBRACE);
+            if (open == 0)
+                return 0;
+            n = open;
+            for (int depth = 1; depth > 0;) {
+                const std::int32_t type = peekAt(s, ++n).type();
+                if (type == END_OF_FILE)
+                    return 0;
+                if (type == LBRACE)
+                    ++depth;
+                else if (type == RBRACE)
+                    --depth;
+            }
+        } else if (term.type() == LPAREN) {
+            n = balancedEnd(s, n);
+            if (n == 0)
+                return 0;
+        } else if (term.type() == IDENTIFIER) {
+            // `C<T>`, `std::is_integral_v<T>`, `C<T>::value`
+            while (peekAt(s, n + 1).type() == LESS_THAN) {
+                n = balancedEnd(s, n + 1);
+                if (n == 0)
+                    return 0;
+                if (!isQualifiedName(peekAt(s, n + 1)) || !peekAt(s, n + 1).text().starts_with("::"))
+                    break;
+                ++n;
+            }
+        } else if (term.type() != TRUE_KEY && term.type() != FALSE_KEY) {
+            return 0;
+        }
+        const std::int32_t last = n;
+        ++n;
+        skipToSignificant();
+        const std::int32_t joint = peekAt(s, n).type();
+        if (joint != LOGICAL_AND && joint != LOGICAL_OR)
+            return last;
+    }
 }
 
 // ---------------------------------------------------------------------------

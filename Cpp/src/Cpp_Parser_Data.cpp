@@ -122,9 +122,12 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
     bool bitField = false;
     std::int32_t previous = END_OF_FILE;
     Trn::Position statementEnd;
+    bool afterAlignas = false;
     for (bool done = false; !done;) {
         const Trn::Token t = get(s);
         const long index = static_cast<long>(tokens.size());
+        const bool alignasBefore = afterAlignas;
+        afterAlignas = m_later && isWord(t, "alignas");
         switch (t.type()) {
         case END_OF_FILE:
         case INVALID_TOKEN: return nullptr;
@@ -155,7 +158,9 @@ DataDeclNode* Parser::parseDataDeclaration(Stream& s, bool bitFieldsAllowed)
             break;
         // `A a(1);`, but not `int (*f)(int)`-like parentheses.
         case LPAREN:
-            if (paren == 0 && bracket == 0 && previous != ASTERISK && splitIndex == -1) {
+            // With the later extensions `alignas(...)` is part of the type:
+            // `alignas(16) char buffer[64];`
+            if (paren == 0 && bracket == 0 && previous != ASTERISK && splitIndex == -1 && !alignasBefore) {
                 ctorStyle = true;
                 splitIndex = index;
             } else {

@@ -262,6 +262,14 @@ FunctionHeadNode* Parser::parseFunctionHead(const TokenList& list, Stream& head,
     for (std::size_t i = 1; i <= name.last; ++i)
         get(head);
     skipDiscardable(head);
+    // With the later extensions, an attribute between the name and the list
+    // lies between their nodes: `operator() [[nodiscard]] (T&& x)`.
+    while (m_later && peekAt(head, 1).type() == LBRACKET && peekAt(head, 2).type() == LBRACKET) {
+        TokenList attribute;
+        if (!gatherBalanced(head, attribute, LBRACKET, RBRACKET, 0))
+            return nullptr;
+        skipDiscardable(head);
+    }
     std::unique_ptr<ParameterListNode> parameters;
     if (peekAt(head, 1).type() == LPAREN) {
         parameters.reset(parseParameterList(head, false));
@@ -305,6 +313,14 @@ bool Parser::findFunctionName(const TokenList& list, std::size_t parenIndex, Fun
     std::size_t end = parenIndex - 1;
     while (end >= 1 && isDiscardable(at(list, end)))
         --end;
+    if (end < 1) {
+        compose("Expected function name. Got: " + at(list, parenIndex).text(), at(list, parenIndex));
+        return false;
+    }
+    // With the later extensions an attribute may stand between the name and
+    // the parameter list: `operator() [[nodiscard]] (T&& x)`.
+    if (m_later)
+        end = beforeAttributes(list, end);
     if (end < 1) {
         compose("Expected function name. Got: " + at(list, parenIndex).text(), at(list, parenIndex));
         return false;
@@ -388,6 +404,29 @@ bool Parser::findFunctionName(const TokenList& list, std::size_t parenIndex, Fun
     }
     compose("Expected function name. Got: " + last.text(), last);
     return false;
+}
+
+// The index of the last token before the attributes `[[...]]` that end at
+// `end`, or `end` when none ends there; 0 when nothing stands before them.
+std::size_t Parser::beforeAttributes(const TokenList& list, std::size_t end)
+{
+    while (end >= 2 && at(list, end).type() == RBRACKET) {
+        const std::size_t inner = previousSignificant(list, end);
+        if (inner == 0 || at(list, inner).type() != RBRACKET)
+            return end;
+        std::size_t open = end;
+        for (int depth = 0; open >= 1; --open) {
+            const std::int32_t type = at(list, open).type();
+            if (type == RBRACKET)
+                ++depth;
+            else if (type == LBRACKET && --depth == 0)
+                break;
+        }
+        if (open < 1 || at(list, open + 1).type() != LBRACKET)
+            return end;
+        end = previousSignificant(list, open);
+    }
+    return end;
 }
 
 // The name ends in an operator symbol: it begins at the "operator" before it.
@@ -683,6 +722,7 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
     list->setBegin(first.start());
     int depth = 1;
     int angle = 0;
+    int parens = 0; // in template mode, with the later extensions
     std::int32_t previous = first.type(); // the last token other than a comment or directive
     bool inParameter = false;
     bool complex = false;
@@ -722,6 +762,18 @@ ParameterListNode* Parser::parseParameterList(Stream& s, bool templateMode)
         }
         const std::int32_t before = previous;
         previous = type;
+        // With the later extensions, angle brackets inside parentheses in a
+        // template's list are comparisons: `template <bool = (N < 2)>`.
+        if (templateMode && m_later) {
+            if (type == LPAREN) {
+                ++parens;
+            } else if (type == RPAREN && parens > 0) {
+                --parens;
+            } else if (parens > 0 && (type == LESS_THAN || type == GREATER_THAN || type == RIGHT_SHIFT)) {
+                extend(t.start(), t.end());
+                continue;
+            }
+        }
         if (type == open) {
             ++depth;
         } else if (type == close) {

@@ -501,7 +501,8 @@ CtrlSubStmtHeadNode* Parser::parseHead(Stream& s)
         const std::int32_t inner = t.type();
         // With the extensions, the body of a lambda and a braced list are
         // taken whole: `if (any_of(b, e, [](int x) { return x > 0; }))`.
-        if (m_extended && inner == LBRACE && opensBracesInHead(previous, arrow)) {
+        if (m_extended && inner == LBRACE
+            && (opensBracesInHead(previous, arrow) || (m_later && bracedValueAhead(s, previous)))) {
             if (!skipBraces(s, t))
                 return nullptr;
             previous = t;
@@ -536,6 +537,35 @@ bool Parser::opensBracesInHead(const Trn::Token& previous, bool arrow) const
         || p == COLON)
         return true;
     return p == MUTABLE_KEY || isWord(previous, "noexcept");
+}
+
+// With the later extensions: whether the "{" just taken behind `previous`, a
+// name or a type word, inside a control statement's parentheses opens a value
+// rather than showing a head that has run away: `if (n != size_t{})`,
+// `if (x == int{})`, `if (Pred{}(x))`, and the body of a requires expression,
+// `if constexpr (requires { x.f(); })`. The braces of a value hold no ";"
+// (but those of a requires expression may), and a ")" or an operator follows
+// them.
+bool Parser::bracedValueAhead(Stream& s, const Trn::Token& previous)
+{
+    if (previous.type() != IDENTIFIER && !isBuiltInType(previous.type()))
+        return false;
+    const bool requirement = isWord(previous, "requires");
+    int depth = 1;
+    for (std::int32_t n = 1;; ++n) {
+        const std::int32_t type = peekAt(s, n).type();
+        if (isEnd(peekAt(s, n)) || type == PREPROC_DIRECTIVE || (type >= IF_KEY && type <= RETURN_KEY))
+            return false;
+        if (type == SEMICOLON && !requirement)
+            return false;
+        if (type == LBRACE) {
+            ++depth;
+        } else if (type == RBRACE && --depth == 0) {
+            const std::int32_t next = nextSignificant(s, n + 1).type();
+            return next != LBRACE && next != SEMICOLON && next != RBRACE && !(next >= IF_KEY && next <= RETURN_KEY)
+                && next != IDENTIFIER;
+        }
+    }
 }
 
 // Takes the braces whose "{" `open` has just been taken, through the "}" that

@@ -208,6 +208,18 @@ TEST(LexerTest, NumberGluedToLetterIsDropped)
     EXPECT_EQ(dump("123abc"), (Lines{R"(1:4 1:6 120 IDENTIFIER "abc")"}));
 }
 
+TEST(LexerTest, DigitSeparatorsStayInTheNumber)
+{
+    // A quote between two digits (hexadecimal ones in a hexadecimal number)
+    // separates digits; it opens no character literal.
+    EXPECT_EQ(dump("1'000'000"), (Lines{R"(1:1 1:9 3 NUMBER_LITERAL "1'000'000")"}));
+    EXPECT_EQ(texts("0xaaaa'aaaaLL, 0b1 1.5'5f"), (Lines{"0xaaaa'aaaaLL", ",", "b1", "1.5'5f"}));
+    EXPECT_EQ(texts("0x8000'0000u)"), (Lines{"0x8000'0000u", ")"}));
+    // A quote behind a number that no digit follows is a character literal.
+    EXPECT_EQ(texts("f(1,'a')"), (Lines{"f", "(", "1", ",", "'a'", ")"}));
+    EXPECT_EQ(types("1'a'"), (Types{Cpp::NUMBER_LITERAL, Cpp::CHAR_LITERAL}));
+}
+
 TEST(LexerTest, LeadingPointIsDot)
 {
     EXPECT_EQ(types(".5"), (Types{Cpp::DOT, Cpp::NUMBER_LITERAL}));

@@ -340,4 +340,78 @@ TEST(ParserClassesTest, ComparisonOrOperatorInADeclarationLevelMacroCall)
     EXPECT_EQ(TwTest::coreMessagesOf("DEFINE_OP(Lt, <);"), "1:16 code=0 Expected '>'. Got: )\n");
 }
 
+// --- Later extensions: requires clauses, comparisons in a template's list. ---
+
+TEST(ParserClassesTest, RequiresClauseBelongsToTheTemplateHead)
+{
+    // The template node reaches the end of the clause, which the passes copy
+    // as it stands; `(N < 2)` in a template's list is a comparison.
+    EXPECT_TREE("template <class T>\n"
+                "  requires C<T> && (sizeof(T) > 2)\n"
+                "void f(T x);\n"
+                "template <bool B = (N < 2)>\n"
+                "struct S { };\n"
+                "void g() { if (n != int{}) { } }\n",
+                "RootNode 1:1-6:32\n"
+                "  TemplateNode 1:1-2:34\n"
+                "    KeywordNode 1:1-1:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 1:10-1:18\n"
+                "      ParameterNode 1:11-1:17\n"
+                "  FunctionDeclNode 3:1-3:12\n"
+                "    FunctionHeadNode 3:1-3:12\n"
+                "      FunctionReturnNode 3:1-3:4\n"
+                "      IdNode 3:6-3:6 text=\"f\"\n"
+                "      ParameterListNode 3:7-3:11\n"
+                "        ParameterNode 3:8-3:10\n"
+                "  TemplateNode 4:1-4:27\n"
+                "    KeywordNode 4:1-4:8 type=TEMPLATE_KEY\n"
+                "    ParameterListNode 4:10-4:27\n"
+                "      ParameterNode 4:11-4:26\n"
+                "  ClassDeclNode 5:1-5:13\n"
+                "    ClassHeadNode 5:1-5:8\n"
+                "      ClassNameNode 5:1-5:8 type=STRUCT_KEY text=\"struct S\"\n"
+                "    ClassBodyNode 5:10-5:12\n"
+                "  FunctionDeclNode 6:1-6:32\n"
+                "    FunctionHeadNode 6:1-6:8\n"
+                "      FunctionReturnNode 6:1-6:4\n"
+                "      IdNode 6:6-6:6 text=\"g\"\n"
+                "      ParameterListNode 6:7-6:8\n"
+                "    BlockNode 6:10-6:32\n"
+                "      CtrlStmtNode 6:12-6:30\n"
+                "        CtrlSubStmtNode 6:12-6:30\n"
+                "          CtrlSubStmtHeadNode 6:12-6:26\n"
+                "            KeywordNode 6:12-6:13 type=IF_KEY\n"
+                "            ExprNode 6:15-6:26\n"
+                "          BlockNode 6:28-6:30\n");
+}
+
+TEST(ParserClassesTest, RequiresClauseEndsAtItsLastTerm)
+{
+    // `!`, `true`, qualified names behind template arguments; the declaration
+    // after the clause is read as usual.
+    const std::string tree
+        = TwTest::laterTreeOf("template <class T> requires !C<T>::value || true\nstruct A { };\n");
+    EXPECT_NE(tree.find("TemplateNode 1:1-1:48"), std::string::npos) << tree;
+    EXPECT_NE(tree.find("ClassNameNode 2:1-2:8 type=STRUCT_KEY text=\"struct A\""), std::string::npos) << tree;
+}
+
+TEST(ParserClassesTest, BracesInTemplateArgumentsOfAClassHeadAreAValue)
+{
+    const std::string tree = TwTest::laterTreeOf(
+        "template <class V, class T>\n"
+        "struct Impl<V, T, void_t<decltype(F<V>::Run(std::declval<T>(), {}))>>\n"
+        "    : std::true_type {};\n");
+    EXPECT_NE(tree.find("ClassNameNode 2:1-2:69 type=STRUCT_KEY"), std::string::npos) << tree;
+    EXPECT_NE(tree.find("BaseClauseNode 3:7-3:20 text=\"std::true_type\""), std::string::npos) << tree;
+    EXPECT_NE(tree.find("ClassBodyNode 3:22-3:23"), std::string::npos) << tree;
+}
+
+TEST(ParserClassesTest, RequiresExpressionInAClause)
+{
+    const std::string tree
+        = TwTest::laterTreeOf("template <class T> requires requires (T& t) { t.f(); }\nvoid f(T x);\n");
+    EXPECT_NE(tree.find("TemplateNode 1:1-1:54"), std::string::npos) << tree;
+    EXPECT_NE(tree.find("IdNode 2:6-2:6 text=\"f\""), std::string::npos) << tree;
+}
+
 } // namespace

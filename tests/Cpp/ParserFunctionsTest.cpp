@@ -577,4 +577,15 @@ TEST(ParserFunctionsTest, BracesThatNoInitialiserOrBodyFollowsAreTheBody)
     EXPECT_EQ(TwTest::messagesOf("A::A() : b {}\nNS_END"), "1:12 code=1 Unexpected EOF found.\n");
 }
 
+// --- Later extensions: an attribute between a name and its parameters. ---
+
+TEST(ParserFunctionsTest, AttributeBetweenNameAndParameters)
+{
+    // The attribute lies in the gap between the id and the parameter list.
+    const std::string tree = TwTest::laterTreeOf("auto operator() [[nodiscard]] (T&& x) const { return 1; }\n");
+    EXPECT_NE(tree.find("IdNode 1:6-1:15 text=\"operator ( )\""), std::string::npos) << tree;
+    EXPECT_NE(tree.find("ParameterListNode 1:31-1:37"), std::string::npos) << tree;
+    EXPECT_EQ(tree.find("! "), std::string::npos) << tree;
+}
+
 } // namespace

@@ -475,4 +475,42 @@ TEST(ParserStatementsTest, BracedListInARangeForAndAMacroInPlaceOfConstexpr)
                 "            ExprNode 3:25-3:29\n");
 }
 
+// --- Later extensions: braced values in conditions. ---
+
+TEST(ParserStatementsTest, BracedValueInConditionIsNoRunawayHead)
+{
+    // `T{}` inside a condition, and the body of a requires expression, whose
+    // braces may hold semicolons.
+    EXPECT_TREE("void f() {\n"
+                "  if (n != size_t{}) { g(); }\n"
+                "  if constexpr (requires { x.f(); }) { }\n"
+                "}\n",
+                "RootNode 1:1-4:1\n"
+                "  FunctionDeclNode 1:1-4:1\n"
+                "    FunctionHeadNode 1:1-1:8\n"
+                "      FunctionReturnNode 1:1-1:4\n"
+                "      IdNode 1:6-1:6 text=\"f\"\n"
+                "      ParameterListNode 1:7-1:8\n"
+                "    BlockNode 1:10-4:1\n"
+                "      CtrlStmtNode 2:3-2:29\n"
+                "        CtrlSubStmtNode 2:3-2:29\n"
+                "          CtrlSubStmtHeadNode 2:3-2:20\n"
+                "            KeywordNode 2:3-2:4 type=IF_KEY\n"
+                "            ExprNode 2:6-2:20\n"
+                "          BlockNode 2:22-2:29\n"
+                "            ExprNode 2:24-2:27\n"
+                "      CtrlStmtNode 3:3-3:40\n"
+                "        CtrlSubStmtNode 3:3-3:40\n"
+                "          CtrlSubStmtHeadNode 3:3-3:36\n"
+                "            KeywordNode 3:3-3:4 type=IF_KEY\n"
+                "            ExprNode 3:6-3:36\n"
+                "          BlockNode 3:38-3:40\n");
+}
+
+TEST(ParserStatementsTest, BracesWithStatementsStillShowARunawayHead)
+{
+    const std::string messages = TwTest::messagesOf("void f() {\n  if (a { b; }\n}\n");
+    EXPECT_NE(messages.find("code=12"), std::string::npos) << messages;
+}
+
 } // namespace

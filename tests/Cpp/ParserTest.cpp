@@ -652,4 +652,65 @@ TEST(ParserTest, RunOfMacroLinesEndingAtADirectiveOrTheEnd)
     EXPECT_EQ(TwTest::extendedTreeOf("FOO\nBar\nbaz;\n"), TwTest::treeOf("FOO\nBar\nbaz;\n"));
 }
 
+// --- Later extensions: readings of their own, attributes and alignas. ---
+
+TEST(ParserTest, AttributesAndAlignasDecideNothing)
+{
+    // Read with the later extensions (the braced value in the condition needs
+    // them), an attribute or `alignas(...)` before a declaration is part of
+    // its type, its return type or its class name, and the declaration keeps
+    // the kind its other words give it.
+    EXPECT_TREE("[[nodiscard]] static int count(const char* s);\n"
+                "alignas(16) char buffer[64];\n"
+                "struct alignas(8) Pair { int a; };\n"
+                "void f() { if (n != int{}) { } }\n",
+                "RootNode 1:1-4:32\n"
+                "  FunctionDeclNode 1:1-1:46\n"
+                "    FunctionHeadNode 1:1-1:46\n"
+                "      FunctionReturnNode 1:1-1:24\n"
+                "      IdNode 1:26-1:30 text=\"count\"\n"
+                "      ParameterListNode 1:31-1:45\n"
+                "        ParameterNode 1:32-1:44\n"
+                "  DataDeclNode 2:1-2:28\n"
+                "    TypeNode 2:1-2:16\n"
+                "    IdNode 2:18-2:27 text=\"buffer [ 64 ]\"\n"
+                "  ClassDeclNode 3:1-3:34\n"
+                "    ClassHeadNode 3:1-3:22\n"
+                "      ClassNameNode 3:1-3:22 type=STRUCT_KEY text=\"struct alignas ( 8 ) Pair\"\n"
+                "    ClassBodyNode 3:24-3:33\n"
+                "      DataDeclNode 3:26-3:31\n"
+                "        TypeNode 3:26-3:28\n"
+                "        IdNode 3:30-3:30 text=\"a\"\n"
+                "  FunctionDeclNode 4:1-4:32\n"
+                "    FunctionHeadNode 4:1-4:8\n"
+                "      FunctionReturnNode 4:1-4:4\n"
+                "      IdNode 4:6-4:6 text=\"f\"\n"
+                "      ParameterListNode 4:7-4:8\n"
+                "    BlockNode 4:10-4:32\n"
+                "      CtrlStmtNode 4:12-4:30\n"
+                "        CtrlSubStmtNode 4:12-4:30\n"
+                "          CtrlSubStmtHeadNode 4:12-4:26\n"
+                "            KeywordNode 4:12-4:13 type=IF_KEY\n"
+                "            ExprNode 4:15-4:26\n"
+                "          BlockNode 4:28-4:30\n");
+}
+
+TEST(ParserTest, TextAnEarlierReadingAcceptsKeepsItsTree)
+{
+    // The extended reading accepts this text, reading the attributed function
+    // as data; the later extensions would read a function. The text keeps the
+    // tree of the first reading that accepts it.
+    const std::string text = "[[noreturn]] static void fail(int x);\nNS_END\n";
+    EXPECT_EQ(TwTest::treeOf(text), TwTest::extendedTreeOf(text));
+    EXPECT_NE(TwTest::treeOf(text).find("DataDeclNode 1:1-1:37"), std::string::npos);
+    EXPECT_NE(TwTest::laterTreeOf(text).find("FunctionDeclNode 1:1-1:37"), std::string::npos);
+}
+
+TEST(ParserTest, AttributeWithParenthesesIsNoParameterList)
+{
+    EXPECT_NE(TwTest::laterTreeOf("[[deprecated(\"use g\")]] int f(int x);\n")
+                  .find("IdNode 1:29-1:29 text=\"f\""),
+              std::string::npos);
+}
+
 } // namespace

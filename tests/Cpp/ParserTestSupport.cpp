@@ -126,6 +126,16 @@ std::string extendedTreeOf(const std::string& text)
     return dump;
 }
 
+std::string laterTreeOf(const std::string& text)
+{
+    Parsed parsed;
+    Cpp::ParserTestAccess::readLater(text, parsed);
+    std::string dump = Cpp::dumpTree(parsed.root) + messageLines(parsed.messages, "! ");
+    if (std::string problem = checkTree(parsed.root, text); !problem.empty())
+        dump += "! spans: " + problem + "\n";
+    return dump;
+}
+
 std::string coreMessagesOf(const std::string& text)
 {
     Parsed parsed;
@@ -174,12 +184,22 @@ void ParserTestAccess::readCore(const std::string& text, TwTest::Parsed& parsed)
 
 void ParserTestAccess::readExtended(const std::string& text, TwTest::Parsed& parsed)
 {
+    readAs(text, parsed, Parser::Reading::EXTENDED);
+}
+
+void ParserTestAccess::readLater(const std::string& text, TwTest::Parsed& parsed)
+{
+    readAs(text, parsed, Parser::Reading::LATER);
+}
+
+void ParserTestAccess::readAs(const std::string& text, TwTest::Parsed& parsed, Parser::Reading reading)
+{
     Varnel::IMemStream in(text);
     Lexer lexer(in);
     Parser parser;
     // As parse() does it: the parser's list stands in for the caller's.
     parser.m_messages.swap(parsed.messages);
-    parser.read(lexer, parsed.root, Parser::Reading::EXTENDED, false);
+    parser.read(lexer, parsed.root, reading, false);
     parser.m_messages.swap(parsed.messages);
 }
 

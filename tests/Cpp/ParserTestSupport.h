@@ -4,6 +4,7 @@
 #ifndef TWTEST_PARSERTESTSUPPORT_H
 #define TWTEST_PARSERTESTSUPPORT_H
 
+#include "Cpp_Parser.h"
 #include "Cpp_RootNode.h"
 #include "Trn_FormatMessage.h"
 
@@ -40,6 +41,11 @@ std::string coreMessagesOf(const std::string& text);
 // extensions.
 std::string extendedTreeOf(const std::string& text);
 
+// The same with the later extensions on as well (attributes, braced values
+// in conditions, requires clauses), as a text that every earlier reading
+// refuses is read.
+std::string laterTreeOf(const std::string& text);
+
 // Checks that a pass walking the tree can print every token: each positioned
 // node has begin <= end, begins at a token's start and ends at a token's end;
 // a node with a range holds its children's ranges; and leaves and the
@@ -62,6 +68,11 @@ public:
     static void readCore(const std::string& text, TwTest::Parsed& parsed);
     // Reads `text` with the extensions on, into `parsed`.
     static void readExtended(const std::string& text, TwTest::Parsed& parsed);
+    // Reads `text` with the extensions and the later ones on, into `parsed`.
+    static void readLater(const std::string& text, TwTest::Parsed& parsed);
+
+private:
+    static void readAs(const std::string& text, TwTest::Parsed& parsed, Parser::Reading reading);
 };
 
 } // namespace Cpp
