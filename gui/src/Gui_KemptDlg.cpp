@@ -77,7 +77,8 @@ KemptDlg::KemptDlg(std::unique_ptr<Pickers> pickers, QWidget* parent)
     m_pane = new QPlainTextEdit(this);
     m_pane->setObjectName("messages");
     m_pane->setReadOnly(true);
-    m_pane->setLineWrapMode(QPlainTextEdit::NoWrap);
+    // Long lines (a parse failure names the file twice) wrap at the pane's edge.
+    m_pane->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     m_pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_pane->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setCentralWidget(m_pane);

@@ -124,6 +124,12 @@ private slots:
         m_home.reset();
     }
 
+    // The platform the run asked for is the one in use (offscreen, or xcb under Xvfb).
+    void runsOnTheRequestedPlatform()
+    {
+        QCOMPARE(QGuiApplication::platformName(), qEnvironmentVariable("QT_QPA_PLATFORM"));
+    }
+
     void menuTextsAcceleratorsAndStatusTips()
     {
         auto dlg = window();
@@ -701,14 +707,21 @@ private slots:
             const QString path = directory + "/" + name;
             QVERIFY2(widget->grab().save(path), qPrintable(path));
         };
-        // A project of its own, so that the paths in the pane are short.
-        m_home->writeFile("project/src/main.cpp", "#include \"shape.h\"\nint main(){Shape s;return s.area();}\n");
-        m_home->writeFile("project/src/shape.h", "struct Shape{int w=2,h=3;int area()const{return w*h;}};\n");
-        m_home->writeFile("project/src/broken.cpp", "int f( {\n");
-        m_home->writeFile("project/tests/shape_test.cpp", "#include \"../src/shape.h\"\nint t(){return 0;}\n");
+        // A project in a fixed place, so that the paths in the pictures are short and stay the same.
+        QDir("/tmp/tidewright-demo").removeRecursively();
+        const QString root = "/tmp/tidewright-demo/project";
+        auto write = [&](const QString& relative, const QByteArray& bytes) {
+            QDir().mkpath(QFileInfo(root + "/" + relative).path());
+            QFile file(root + "/" + relative);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(bytes);
+        };
+        write("src/main.cpp", "#include \"shape.h\"\nint main(){Shape s;return s.area();}\n");
+        write("src/shape.h", "struct Shape{int w=2,h=3;int area()const{return w*h;}};\n");
+        write("src/broken.cpp", "int f( {\n");
+        write("tests/shape_test.cpp", "#include \"../src/shape.h\"\nint t(){return 0;}\n");
         auto dlg = window();
         dlg->resize(760, 440);
-        const QString root = m_home->path() + "/project";
         m_pick.folders = {root.toStdString()};
         ModalRobot robot;
         robot.answer(QMessageBox::Yes);
@@ -741,6 +754,7 @@ private slots:
         about.show();
         QCoreApplication::processEvents();
         save(&about, "about.png");
+        QDir("/tmp/tidewright-demo").removeRecursively();
     }
 };
 
