@@ -210,6 +210,25 @@ private slots:
         QCOMPARE(spy.shown, 1);
     }
 
+    void anUnreadableSettingsFileIsToldAndNotOverwritten()
+    {
+        // A directory where the file should be: it exists but cannot be read.
+        QDir().mkpath(m_home->settingsFile());
+        ModalRobot robot;
+        auto dlg = std::make_unique<Gui::KemptDlg>(std::make_unique<FakePickers>(m_pick));
+        QCOMPARE(robot.boxes().size(), std::size_t(1));
+        QVERIFY2(robot.boxes()[0].text.startsWith("Failed to read the settings file \"" + m_home->settingsFile()),
+                 qPrintable(robot.boxes()[0].text));
+        QCOMPARE(robot.boxes()[0].icon, QMessageBox::Warning);
+        // The defaults stand: no scheme yet, the usual extensions.
+        QVERIFY(!dlg->scheme().has_value());
+        QCOMPARE(dlg->extensions().size(), std::size_t(8));
+        dlg->show();
+        QVERIFY(dlg->close());
+        QVERIFY(QFileInfo(m_home->settingsFile()).isDir());
+        QCOMPARE(robot.boxes().size(), std::size_t(1));
+    }
+
     void windowPositionOfZerosKeepsTheDefaultPlace()
     {
         auto plain = window("default");
