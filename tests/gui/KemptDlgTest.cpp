@@ -168,6 +168,33 @@ private slots:
         tools->hide();
     }
 
+    void theAcceleratorsOpenTheCommands()
+    {
+        auto dlg = window();
+        dlg->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(dlg.get()));
+        ModalRobot robot;
+        QString opened;
+        robot.handleDialog([&](QWidget* modal) {
+            opened = modal->windowTitle();
+            QMetaObject::invokeMethod(modal, "reject", Qt::QueuedConnection);
+        });
+        // Alt+T opens Tools, O its "&Options...".
+        QTest::keyClick(dlg.get(), Qt::Key_T, Qt::AltModifier);
+        auto* tools = dlg->findChild<QMenu*>("toolsMenu");
+        QTRY_VERIFY(tools->isVisible());
+        QTest::keyClick(tools, Qt::Key_O);
+        QTRY_COMPARE(opened, QString("Options"));
+    }
+
+    void pickerFiltersInQtForm()
+    {
+        QCOMPARE(Gui::qtFilter("C++ Source Files|*.c;*.cpp||"), QString("C++ Source Files (*.c *.cpp)"));
+        QCOMPARE(Gui::qtFilter("MS Visual Studio Project Files (*.dsp)|*.dsp||"),
+                 QString("MS Visual Studio Project Files (*.dsp)"));
+        QCOMPARE(Gui::qtFilter("A|*.a|B|*.b||"), QString("A (*.a);;B (*.b)"));
+    }
+
     void paneIsReadOnlyFixedPitchAndReadyStateShows()
     {
         auto dlg = window();
