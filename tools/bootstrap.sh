@@ -21,6 +21,9 @@ PACKAGES=(
   libpugixml-dev # reading MSBuild projects (.vcxproj)
   nlohmann-json3-dev # reading compilation databases (compile_commands.json)
   patch          # tests apply --diff output with patch -p0
+  qt6-base-dev   # the desktop application (Qt 6 Widgets, QtTest)
+  xvfb           # a test runs the desktop application on a virtual X server
+  xauth          # xvfb-run needs it
 )
 
 if [ "${1:-}" = "--list" ]; then
