@@ -5,6 +5,7 @@
 #include "Cpp_Parser.h"
 #include "Cpp_RootNode.h"
 #include "Kempt_CppFormatter.h"
+#include "Kempt_CppLineWrapper.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_ProtectedRangeScanner.h"
 #include "Kempt_SourceText.h"
@@ -175,18 +176,22 @@ private:
     }
 
     // Prints the next text of the pass from the tree of the current one. The
-    // format pass runs the formatter; the brace rewriter and the line wrapper
-    // are not built yet, and their passes print the text as it stands.
+    // format pass runs the formatter, the wrap pass the line wrapper; the
+    // brace rewriter is not built yet, and its pass prints the text as it
+    // stands.
     void print(PassKind pass, Cpp::RootNode& root)
     {
         const std::string_view text = m_source.view();
         reserveResult(text.size());
-        if (pass != PassKind::FORMAT) {
+        if (pass == PassKind::REWRITE) {
             m_result.write(text.data(), static_cast<std::streamsize>(text.size()));
             m_result.flush();
             return;
         }
-        {
+        if (pass == PassKind::WRAP) {
+            CppLineWrapper wrapper(m_settings, std::string(text), m_result);
+            root.accept(wrapper);
+        } else {
             CppFormatter formatter(std::string(text), m_result, m_settings);
             root.accept(formatter);
         }
