@@ -7,11 +7,9 @@
 #include "Kempt_ColumnArithmetic.h"
 #include "Kempt_PropertyNames.h"
 #include "Varnel_Contract.h"
-#include "Varnel_OIndentStream.h"
 #include "Varnel_StreamState.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace Kempt {
 
@@ -43,9 +41,9 @@ CppExprLineWrapper::CppExprLineWrapper(const PropertySet& properties, const Mark
     : ExprFormatterBase(properties, markers)
 {
     const PropertySet& p = m_properties;
-    p.getInt(Prop::RIGHT_MARGIN, m_rightMargin);
-    TW_REQUIRE(m_rightMargin >= 0);
-    m_rightMargin = std::max<std::int32_t>(m_rightMargin, 0);
+    p.getInt(Prop::RIGHT_MARGIN, m_RightMargin);
+    TW_REQUIRE(m_RightMargin >= 0);
+    m_RightMargin = std::max<std::int32_t>(m_RightMargin, 0);
     m_lineWrap = readFlag(p, Prop::LINE_WRAP);
     m_wrapStyle = readStyle(p, Prop::WRAP_STYLE, 0);
     m_shiftStyle = readStyle(p, Prop::SHIFT_WRAP_STYLE, 0);
@@ -89,7 +87,7 @@ bool CppExprLineWrapper::needsWrapAt(std::string_view text, std::int32_t col) co
         std::size_t to = text.find('\n', from);
         if (to == std::string_view::npos)
             to = text.size();
-        if (start + stringWidth(text.substr(from, to - from), start, tabSize()) > m_rightMargin)
+        if (start + stringWidth(text.substr(from, to - from), start, tabSize()) > m_RightMargin)
             return true;
         start = 0;
         from = to + 1;
@@ -112,11 +110,16 @@ std::int32_t CppExprLineWrapper::columnAfter(std::string_view text, std::int32_t
 
 std::string CppExprLineWrapper::padding(std::int32_t width) const
 {
+    // Blanks, or with blanks turned into tabs, a tab for each whole stop
+    // and blanks for the rest: a continuation line lands exactly on its
+    // column.
     if (width <= 0)
         return std::string();
-    std::ostringstream scratch;
-    Varnel::OIndentStream out(scratch, m_convertWs, tabSize());
-    return indentString(out, width);
+    const auto w = static_cast<std::size_t>(width);
+    if (m_convertWs != 2)
+        return std::string(w, ' ');
+    const auto tab = static_cast<std::size_t>(tabSize());
+    return std::string(w / tab, '\t') + std::string(w % tab, ' ');
 }
 
 std::int32_t CppExprLineWrapper::continuationColumn(std::int32_t alignColumn, std::int32_t base) const
@@ -244,7 +247,7 @@ std::string CppExprLineWrapper::wrapForHead(const std::string& text, const Varne
 {
     WrapFlagGuard keepContinuation(m_continuation, true);
     const Place place = placeOf(state, tabSize());
-    if (!m_lineWrap || m_rightMargin < 1 || !needsWrapAt(text, place.col))
+    if (!m_lineWrap || m_RightMargin < 1 || !needsWrapAt(text, place.col))
         return text;
     // "int i = 0; i < n; ++i": a line after each ";" of the head.
     FindFirstElem semicolons(std::set<std::int32_t>{Cpp::SEMICOLON});

@@ -60,7 +60,11 @@ public:
     // right margin.
     bool needsWrap(const std::string& text, const Varnel::StreamState& state) const;
 
-    std::int32_t rightMargin() const { return m_rightMargin; }
+    // The blanks and tabs that start a line at column `width`, as the
+    // scheme's white-space mode writes them.
+    std::string padding(std::int32_t width) const;
+
+    std::int32_t rightMargin() const { return m_RightMargin; }
     bool lineWrap() const { return m_lineWrap; }
     std::int32_t wrapStyle() const { return m_wrapStyle; }
 
@@ -88,10 +92,9 @@ private:
 
     bool needsWrapAt(std::string_view text, std::int32_t col) const;
     std::int32_t continuationColumn(std::int32_t alignColumn, std::int32_t base) const;
-    std::string padding(std::int32_t width) const;
     std::int32_t columnAfter(std::string_view text, std::int32_t col) const;
 
-    std::int32_t m_rightMargin = 0;
+    std::int32_t m_RightMargin = 0;
     bool m_lineWrap = false;
     std::int32_t m_wrapStyle = 0;
     std::int32_t m_shiftStyle = 0;

@@ -142,7 +142,7 @@ std::string CppExprLineWrapper::wrapText(const std::string& text, Place place)
 
 std::string CppExprLineWrapper::wrapEach(const std::string& text, Place place, FirstWrapToken& finder, bool afterToken)
 {
-    if (!m_lineWrap || m_rightMargin < 1)
+    if (!m_lineWrap || m_RightMargin < 1)
         return text;
     const std::vector<WrapToken> tokens = wrapTokens(text);
     const std::vector<std::size_t> points = finder(tokens);
@@ -192,7 +192,7 @@ std::string CppExprLineWrapper::wrapEach(const std::string& text, Place place, F
 
 std::string CppExprLineWrapper::wrapFit(const std::string& text, Place place)
 {
-    if (m_commaStyle == 0 || !m_lineWrap || m_rightMargin < 1)
+    if (m_commaStyle == 0 || !m_lineWrap || m_RightMargin < 1)
         return text;
     const bool afterToken = m_commaStyle == 2;
     FindFirstElem commas(commaTokens());
@@ -238,7 +238,7 @@ std::string CppExprLineWrapper::wrapFit(const std::string& text, Place place)
 
 std::string CppExprLineWrapper::wrapShifts(const std::string& text, Place place)
 {
-    if (m_shiftStyle == 0 || !m_lineWrap || m_rightMargin < 1)
+    if (m_shiftStyle == 0 || !m_lineWrap || m_RightMargin < 1)
         return text;
     const bool afterToken = m_shiftStyle == 2;
     FindFirstElem shifts(shiftOperators());

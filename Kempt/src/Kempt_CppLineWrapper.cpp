@@ -7,6 +7,7 @@
 #include "Cpp_TokenType.h"
 #include "Kempt_ColumnArithmetic.h"
 #include "Kempt_PropertyNames.h"
+#include "Kempt_WhiteSpaceJoins.h"
 #include "Varnel_ITextDocStream.h"
 #include "Varnel_StreamState.h"
 
@@ -55,15 +56,15 @@ CppLineWrapper::CppLineWrapper(const FormatSettings& settings, const std::string
       m_wrapper(settings, settings.markers())
 {
     m_lineWrap = readFlag(m_settings, Prop::LINE_WRAP);
-    m_settings.getInt(Prop::RIGHT_MARGIN, m_rightMargin);
-    m_rightMargin = std::max<std::int32_t>(m_rightMargin, 0);
+    m_settings.getInt(Prop::RIGHT_MARGIN, m_RightMargin);
+    m_RightMargin = std::max<std::int32_t>(m_RightMargin, 0);
     m_settings.getInt(Prop::TAB_SIZE, m_tabSize);
     m_tabSize = std::max<std::int32_t>(m_tabSize, 1);
     m_wrapStyle = m_wrapper.wrapStyle();
-    if (m_lineWrap && m_rightMargin > 0) {
+    if (m_lineWrap && m_RightMargin > 0) {
         std::istringstream source(m_source.text());
         Varnel::ITextDocStream in(source, 0, m_tabSize, 1, 0);
-        for (const std::int32_t line : findLongLines(in, m_rightMargin))
+        for (const std::int32_t line : findLongLines(in, m_RightMargin))
             m_longLines.insert(line);
     }
     m_out.reserve(m_source.size() + m_source.size() / 8 + 64);
@@ -300,8 +301,42 @@ void CppLineWrapper::emitInitializerList(Cpp::InitializerListNode& node)
 {
     if (!inRange(node))
         return copyNode(node);
-    wrapListOf(node, readText(m_settings, Prop::WS_BEFORE_CLASS_INITS_COMMA),
-               readText(m_settings, Prop::WS_BETWEEN_CLASS_INITS), m_columns.empty() ? 0 : m_columns.back());
+    const std::int32_t base = m_columns.empty() ? 0 : m_columns.back();
+    const std::string beforeComma = readText(m_settings, Prop::WS_BEFORE_CLASS_INITS_COMMA);
+    const std::string between = readText(m_settings, Prop::WS_BETWEEN_CLASS_INITS);
+    if (node.empty() || hasNewline(beforeComma) || hasNewline(between))
+        return copyNode(node);
+    Cpp::SyntaxNode* first = *node.childrenBegin();
+    Cpp::SyntaxNode* last = *(node.childrenEnd() - 1);
+    if (first->begin().isNull() || last->end().isNull())
+        return copyNode(node);
+    // "f(int a) : m_a(a), m_b(b)": the initialisers first fill the lines
+    // behind the head; when one still does not fit there, the ":" starts a
+    // line of its own, indented from the head.
+    const std::size_t mark = m_out.size();
+    std::string gap = m_in.readUpTo(first->begin());
+    const std::string text = m_in.readThrough(last->end());
+    m_out += gap;
+    std::string wrapped = m_wrapper.wrapList(text, stateAt(base));
+    const std::size_t colon = gap.rfind(':');
+    if (m_wrapper.lineWrap() && m_wrapStyle != 0 && colon != std::string::npos &&
+        gap.find("//") == std::string::npos && gap.find("/*") == std::string::npos &&
+        m_wrapper.needsWrap(wrapped, stateAt(base))) {
+        m_out.resize(mark);
+        std::string before = gap.substr(0, colon);
+        trimTrailingWhiteSpace(before);
+        std::string indent = readText(m_settings, Prop::WRAP_INDENT);
+        if (indent.empty())
+            indent = "    ";
+        const std::int32_t target = base + stringWidth(indent, base, m_tabSize);
+        m_out += before;
+        m_out += '\n';
+        m_out += m_wrapper.padding(target);
+        m_out += gap.substr(colon);
+        wrapped = m_wrapper.wrapList(text, stateAt(base));
+    }
+    m_out += wrapped;
+    copyNode(node);
 }
 
 void CppLineWrapper::wrapListOf(Cpp::InteriorNode& node, const std::string& beforeComma, const std::string& between,
@@ -314,7 +349,9 @@ void CppLineWrapper::wrapListOf(Cpp::InteriorNode& node, const std::string& befo
     if (first->begin().isNull() || last->end().isNull())
         return copyNode(node);
     copyUpTo(first->begin());
-    const std::string text = m_in.readThrough(last->end());
+    // The closing bracket goes with the last element: "int b)" must fit too.
+    std::string text = m_in.readThrough(last->end());
+    text += m_in.readThrough(node.end());
     m_out += m_wrapper.wrapList(text, stateAt(base));
     copyNode(node);
 }
@@ -369,10 +406,11 @@ void CppLineWrapper::emitCtrlSubStmtHead(Cpp::CtrlSubStmtHeadNode& node)
         return copyNode(node);
     }
     m_out += text.substr(0, open + 1);
-    const std::string inner = text.substr(open + 1, close - open - 1);
+    // The inside is wrapped with the closing parenthesis behind it, so that
+    // "(a && b)" counts the ")" when it measures the last line.
+    const std::string inner = text.substr(open + 1);
     const Varnel::StreamState state = stateAt(base);
     m_out += isFor ? m_wrapper.wrapForHead(inner, state) : m_wrapper.wrapExpression(inner, state);
-    m_out += text.substr(close);
     copyNode(node);
 }
 

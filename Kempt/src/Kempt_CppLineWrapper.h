@@ -123,7 +123,7 @@ private:
     std::set<std::int32_t> m_longLines;
     std::vector<std::int32_t> m_columns; // where continuation lines of the construct being walked indent from
     bool m_lineWrap = false;
-    std::int32_t m_rightMargin = 0;
+    std::int32_t m_RightMargin = 0;
     std::int32_t m_tabSize = 1;
     std::int32_t m_wrapStyle = 0;
 };

@@ -117,6 +117,7 @@ std::vector<std::int32_t> bracketDepths(const std::vector<WrapToken>& tokens)
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         const std::int32_t t = tokens[i].type;
         const std::int32_t outside = round + square + curly + angle;
+        const std::int32_t angleBefore = angle;
         switch (t) {
         case Cpp::LPAREN: ++round; break;
         case Cpp::RPAREN: round = std::max(round - 1, 0); break;
@@ -144,6 +145,13 @@ std::vector<std::int32_t> bracketDepths(const std::vector<WrapToken>& tokens)
         castPending = isNamedCast(t);
         const std::int32_t inside = round + square + curly + angle;
         depths[i] = std::min(outside, inside);
+        // An angle bracket that is a bracket is never a comparison or a
+        // shift: "vector<int>" and "a<b<c>>" have no break point.
+        const bool angleBracket = (t == Cpp::LESS_THAN && inside > outside) ||
+                                  ((t == Cpp::GREATER_THAN || t == Cpp::RIGHT_SHIFT) && inside < outside &&
+                                   angleBefore > angle);
+        if (angleBracket)
+            depths[i] = outside + 1;
     }
     return depths;
 }
