@@ -164,6 +164,7 @@ std::string CppExprLineWrapper::wrapEach(const std::string& text, Place place, F
                 align = columnAfter(out.substr(0, out.size() - piece.body.size() + lead), place.col);
             continue;
         }
+        const std::string gap = held + piece.body.substr(0, leadingBlanks(piece.body));
         std::string body = putLeadingComments(out, piece.body);
         if (body.empty()) {
             held += piece.held;
@@ -172,7 +173,7 @@ std::string CppExprLineWrapper::wrapEach(const std::string& text, Place place, F
         const std::vector<WrapToken> own = wrapTokens(body);
         // "a, , b": a chunk that is only a wrap token stays with its neighbour.
         if (afterToken && own.size() == 1 && finder.isWrapToken(own.front().type) && !endsWithNewline(out)) {
-            out += held + body;
+            out += (gap.find('\n') == std::string::npos ? gap : std::string(" ")) + body;
             held = piece.held;
             continue;
         }

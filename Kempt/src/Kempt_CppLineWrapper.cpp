@@ -147,6 +147,7 @@ void CppLineWrapper::emitRoot(Cpp::RootNode& node)
         m_columns.pop_back();
     }
     m_out += m_in.rest();
+    m_changed = m_out != m_source.text();
     m_result.write(m_out.data(), static_cast<std::streamsize>(m_out.size()));
     m_result.flush();
 }

@@ -97,6 +97,9 @@ public:
     void emitClassName(Cpp::ClassNameNode& node) override;
     void emitBaseClause(Cpp::BaseClauseNode& node) override;
 
+    // After the walk: whether the result differs from the text.
+    bool changedText() const { return m_changed; }
+
     // The lines of the text, from 1, that pass the right margin.
     const std::set<std::int32_t>& longLines() const { return m_longLines; }
 
@@ -123,6 +126,7 @@ private:
     std::set<std::int32_t> m_longLines;
     std::vector<std::int32_t> m_columns; // where continuation lines of the construct being walked indent from
     bool m_lineWrap = false;
+    bool m_changed = false;
     std::int32_t m_RightMargin = 0;
     std::int32_t m_tabSize = 1;
     std::int32_t m_wrapStyle = 0;

@@ -127,6 +127,9 @@ public:
         return 0;
     }
 
+    // Whether the last wrap pass broke a line.
+    bool wrapBrokeLines() const { return m_wrapBrokeLines; }
+
     void writeResult(std::ostream& out)
     {
         const std::string_view text = m_source.view();
@@ -191,6 +194,7 @@ private:
         if (pass == PassKind::WRAP) {
             CppLineWrapper wrapper(m_settings, std::string(text), m_result);
             root.accept(wrapper);
+            m_wrapBrokeLines = wrapper.changedText();
         } else {
             CppFormatter formatter(std::string(text), m_result, m_settings);
             root.accept(formatter);
@@ -236,6 +240,7 @@ private:
     const FormatSettings& m_settings;
     FormatMessageList& m_messages;
     PassObserver* m_observer;
+    bool m_wrapBrokeLines = false;
     ProtectedRangeScanner m_scanner;
     Cpp::Parser m_parser;
     std::stringstream m_source{std::ios_base::in | std::ios_base::out | std::ios_base::binary};
@@ -285,6 +290,14 @@ std::int32_t FormatEngine::format(const FormatSettings& settings, std::istream& 
     if (lineWrap) {
         if (const std::int32_t failed = run.runPass(PassKind::WRAP))
             return failed;
+        // Broken lines are laid out by the format pass once more and wrapped
+        // again, so that formatting the result a second time changes nothing.
+        if (run.wrapBrokeLines()) {
+            if (const std::int32_t failed = run.runPass(PassKind::FORMAT))
+                return failed;
+            if (const std::int32_t failed = run.runPass(PassKind::WRAP))
+                return failed;
+        }
     }
     run.writeResult(out);
     return 0;
