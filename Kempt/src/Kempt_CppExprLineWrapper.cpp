@@ -207,31 +207,34 @@ std::int32_t deepestLevel(const std::vector<WrapToken>& tokens, std::int32_t ope
 // Steps 5 to 8 of an expression: the calls of the outermost level, the text
 // itself, the brace groups level by level, then deeper calls and last the
 // other parenthesised groups.
-std::string CppExprLineWrapper::deepLevels(std::string text, Place place)
+std::string CppExprLineWrapper::deepLevels(std::string text, Place place, std::string_view trailing)
 {
+    const auto tooLong = [&](const std::string& t) { return needsWrapAt(t + std::string(trailing), place.col); };
     const std::vector<WrapToken> tokens = wrapTokens(text);
     const std::int32_t parenDepth = deepestLevel(tokens, Cpp::LPAREN, Cpp::RPAREN);
     if (parenDepth > 0)
         text = wrapGroups(text, place, Cpp::LPAREN, 1, true);
-    text = wrapText(text, place);
+    text = wrapText(text, place, trailing);
     const std::int32_t braceDepth = deepestLevel(wrapTokens(text), Cpp::LBRACE, Cpp::RBRACE);
-    for (std::int32_t level = 1; level <= braceDepth && needsWrapAt(text, place.col); ++level)
+    for (std::int32_t level = 1; level <= braceDepth && tooLong(text); ++level)
         text = wrapGroups(text, place, Cpp::LBRACE, level, false);
-    for (std::int32_t level = 2; level <= parenDepth && needsWrapAt(text, place.col); ++level)
+    for (std::int32_t level = 2; level <= parenDepth && tooLong(text); ++level)
         text = wrapGroups(text, place, Cpp::LPAREN, level, true);
-    for (std::int32_t level = 1; level <= parenDepth && needsWrapAt(text, place.col); ++level)
+    for (std::int32_t level = 1; level <= parenDepth && tooLong(text); ++level)
         text = wrapGroups(text, place, Cpp::LPAREN, level, false);
     return text;
 }
 
-std::string CppExprLineWrapper::wrapList(const std::string& text, const Varnel::StreamState& state, bool continuation)
+std::string CppExprLineWrapper::wrapList(const std::string& text, const Varnel::StreamState& state, bool continuation,
+                                         std::string_view trailing)
 {
     WrapFlagGuard keepContinuation(m_continuation, continuation);
     const Place place = placeOf(state, tabSize());
-    if (m_listStrategy == 1 && m_lineWrap && needsWrapAt(text, place.col))
-        return placeDirectives(breakStrings(wrapFit(text, place), place));
-    if (m_listStrategy == 2 && m_lineWrap && needsWrapAt(text, place.col))
-        return placeDirectives(breakStrings(deepLevels(text, place), place));
+    const bool tooLong = m_lineWrap && needsWrapAt(text + std::string(trailing), place.col);
+    if (m_listStrategy == 1 && tooLong)
+        return placeDirectives(breakStrings(wrapFit(text, place, trailing), place));
+    if (m_listStrategy == 2 && tooLong)
+        return placeDirectives(breakStrings(deepLevels(text, place, trailing), place));
     return placeDirectives(breakStrings(text, place));
 }
 

@@ -32,6 +32,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace Varnel {
 struct StreamState;
@@ -50,7 +51,10 @@ public:
                                bool noExtraIndent = false);
     // The same for the comma lists of declarations, as LIST_WRAP_STRATEGY
     // says: 0 leaves the list, 1 fills lines, 2 one element to a line.
-    std::string wrapList(const std::string& text, const Varnel::StreamState& state, bool continuation = false);
+    // `trailing` is what follows the list on its last line ("{" or ";"),
+    // measured with the list and left out of the result.
+    std::string wrapList(const std::string& text, const Varnel::StreamState& state, bool continuation = false,
+                         std::string_view trailing = {});
     // The clauses of a for head ("int i = 0; i < n; ++i"): a line after each
     // ";", and a clause still too long goes down the ladder by itself.
     std::string wrapForHead(const std::string& text, const Varnel::StreamState& state);
@@ -78,10 +82,11 @@ public:
 
 private:
     std::string expression(const std::string& text, Place place, bool noExtraIndent);
-    std::string deepLevels(std::string text, Place place);
-    std::string wrapText(const std::string& text, Place place);
+    std::string deepLevels(std::string text, Place place, std::string_view trailing = {});
+    // `trailing`: what follows the text on its last line, measured with it.
+    std::string wrapText(const std::string& text, Place place, std::string_view trailing = {});
     std::string wrapEach(const std::string& text, Place place, FirstWrapToken& finder, bool afterToken);
-    std::string wrapFit(const std::string& text, Place place);
+    std::string wrapFit(const std::string& text, Place place, std::string_view trailing = {});
     std::string wrapShifts(const std::string& text, Place place);
     // Runs wrapText over the contents of the bracket groups at `level` whose
     // opening bracket is `open`. `calls`: only groups behind an identifier;

@@ -112,28 +112,30 @@ std::string putLeadingComments(std::string& out, std::string body)
 
 } // namespace
 
-std::string CppExprLineWrapper::wrapText(const std::string& text, Place place)
+std::string CppExprLineWrapper::wrapText(const std::string& text, Place place, std::string_view trailing)
 {
-    if (!needsWrapAt(text, place.col))
+    const auto tooLong = [&](const std::string& t) { return needsWrapAt(t + std::string(trailing), place.col); };
+    if (!tooLong(text))
         return text;
     // "f(a, b, c)": the commas first.
     FindFirstElem commas(commaTokens());
-    std::string result = m_listStrategy == 1 ? wrapFit(text, place) : wrapEach(text, place, commas, m_commaStyle == 2);
+    std::string result =
+        m_listStrategy == 1 ? wrapFit(text, place, trailing) : wrapEach(text, place, commas, m_commaStyle == 2);
     // "cout << a << b"
-    if (needsWrapAt(result, place.col))
+    if (tooLong(result))
         result = wrapShifts(result, place);
     // "a && b || c"
-    if (needsWrapAt(result, place.col)) {
+    if (tooLong(result)) {
         FindFirstElem logical(logicalOperators());
         result = wrapEach(result, place, logical, m_exprStyle == 2);
     }
     // "a + b", "a < b", "c ? a : b"
-    if (needsWrapAt(result, place.col)) {
+    if (tooLong(result)) {
         FindFirstBinaryOp binary;
         result = wrapEach(result, place, binary, m_exprStyle == 2);
     }
     // "(long)x": behind the cast.
-    if (needsWrapAt(result, place.col)) {
+    if (tooLong(result)) {
         FindFirstOldCast casts;
         result = wrapEach(result, place, casts, true);
     }
@@ -191,7 +193,7 @@ std::string CppExprLineWrapper::wrapEach(const std::string& text, Place place, F
     return out + held;
 }
 
-std::string CppExprLineWrapper::wrapFit(const std::string& text, Place place)
+std::string CppExprLineWrapper::wrapFit(const std::string& text, Place place, std::string_view trailing)
 {
     if (m_commaStyle == 0 || !m_lineWrap || m_RightMargin < 1)
         return text;
@@ -204,8 +206,9 @@ std::string CppExprLineWrapper::wrapFit(const std::string& text, Place place)
     std::string out;
     std::int32_t align = -1;
     std::string held;
-    for (const std::string& chunk : cutAt(text, tokens, points, afterToken)) {
-        Piece piece = splitHeld(chunk);
+    const std::vector<std::string> chunks = cutAt(text, tokens, points, afterToken);
+    for (std::size_t i = 0; i < chunks.size(); ++i) {
+        Piece piece = splitHeld(chunks[i]);
         if (align < 0) {
             const std::size_t lead = leadingBlanks(piece.body);
             out += held + piece.body;
@@ -227,7 +230,9 @@ std::string CppExprLineWrapper::wrapFit(const std::string& text, Place place)
         } else {
             // The element stays on the line when it fits there.
             const std::string joined = (gap.find('\n') == std::string::npos ? gap : std::string(" ")) + body;
-            if (needsWrapAt(joined, columnAfter(out, place.col)))
+            // The last element is measured with what follows it: "c);".
+            const std::string measured = i + 1 == chunks.size() ? joined + std::string(trailing) : joined;
+            if (needsWrapAt(measured, columnAfter(out, place.col)))
                 out += '\n' + padding(target) + body;
             else
                 out += joined;
@@ -332,7 +337,13 @@ std::string CppExprLineWrapper::wrapGroups(const std::string& text, Place place,
             base = place.base;
         out += text.substr(anchor, t.end - anchor);
         const std::string inside = text.substr(t.end, tokens[j].begin - t.end);
-        out += wrapText(inside, Place{columnAfter(out, place.col), base});
+        // What follows the group on its line counts: "f(a, b);" must fit
+        // with its ");".
+        std::size_t lineEnd = text.find('\n', tokens[j].begin);
+        if (lineEnd == std::string::npos)
+            lineEnd = text.size();
+        const std::string_view trailing = std::string_view(text).substr(tokens[j].begin, lineEnd - tokens[j].begin);
+        out += wrapText(inside, Place{columnAfter(out, place.col), base}, trailing);
         copied = tokens[j].begin;
         // Go on behind the group: its closing bracket brings the depth back.
         depth = level;

@@ -112,6 +112,21 @@ void CppLineWrapper::visitChildren(Cpp::InteriorNode& node)
     copyNode(node);
 }
 
+std::string_view CppLineWrapper::restOfLine() const
+{
+    const std::string& text = m_source.text();
+    const std::size_t from = std::min(m_in.offset(), text.size());
+    std::size_t to = text.find('\n', from);
+    if (to == std::string::npos)
+        to = text.size();
+    // "int b) : m_a(a)", "Base {": an initialiser list or a brace that
+    // follows has a line of its own to go to.
+    const std::size_t stop = text.find_first_of(":{", from);
+    if (stop != std::string::npos && stop < to)
+        to = stop;
+    return std::string_view(text).substr(from, to - from);
+}
+
 std::int32_t CppLineWrapper::column() const
 {
     const std::size_t nl = m_out.rfind('\n');
@@ -353,7 +368,7 @@ void CppLineWrapper::wrapListOf(Cpp::InteriorNode& node, const std::string& befo
     // The closing bracket goes with the last element: "int b)" must fit too.
     std::string text = m_in.readThrough(last->end());
     text += m_in.readThrough(node.end());
-    m_out += m_wrapper.wrapList(text, stateAt(base));
+    m_out += m_wrapper.wrapList(text, stateAt(base), false, restOfLine());
     copyNode(node);
 }
 
@@ -454,7 +469,13 @@ void CppLineWrapper::emitText(Cpp::TextNode& node)
 
 void CppLineWrapper::emitFunctionPtrDecl(Cpp::FunctionPtrDeclNode& node)
 {
-    copyNode(node);
+    // "int (*f)(int a, int b);": the parameters are the group to break.
+    if (!inRange(node))
+        return copyNode(node);
+    copyUpTo(node.begin());
+    const std::int32_t base = lineIndent();
+    const std::string text = m_in.readThrough(node.end());
+    m_out += m_wrapper.wrapExpression(text, stateAt(base));
 }
 
 void CppLineWrapper::emitEnumHead(Cpp::EnumHeadNode& node)

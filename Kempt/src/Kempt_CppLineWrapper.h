@@ -30,6 +30,7 @@
 #include <iosfwd>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Cpp {
@@ -113,6 +114,9 @@ private:
     // A comma list that stands one element to a line already is left alone.
     void wrapListOf(Cpp::InteriorNode& node, const std::string& beforeComma, const std::string& between,
                     std::int32_t base);
+    // The source text behind the cursor, up to the end of its line or the
+    // first ":" or "{".
+    std::string_view restOfLine() const;
     std::int32_t column() const;
     std::int32_t lineIndent() const;
     Varnel::StreamState stateAt(std::int32_t base) const;
