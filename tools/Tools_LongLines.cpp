@@ -106,7 +106,16 @@ void classify(const std::string& text, std::int32_t margin, std::int32_t tab, Co
             bool directive = false;
             bool hasString = false;
             std::size_t breakPoints = 0;
-            for (const Kempt::WrapToken* t : own) {
+            std::vector<Kempt::WrapToken> lineTokens;
+            for (const Kempt::WrapToken* t : own)
+                lineTokens.push_back(*t);
+            std::vector<bool> angles;
+            Kempt::bracketDepths(lineTokens, &angles);
+            for (std::size_t n = 0; n < own.size(); ++n) {
+                const Kempt::WrapToken* t = own[n];
+                // "vector<int>": template brackets are no break points.
+                if (angles[n] && t->begin >= lineStart)
+                    continue;
                 if (t->type == Cpp::PREPROC_DIRECTIVE)
                     directive = true;
                 if ((t->type == Cpp::LINE_COMMENT || t->type == Cpp::BLOCK_COMMENT) && codeEnd == lineEnd)

@@ -495,6 +495,15 @@ void CppLineWrapper::emitComment(Cpp::CommentNode& node)
 
 void CppLineWrapper::emitTemplate(Cpp::TemplateNode& node)
 {
+    // "template <typename A, typename B>": the parameters fill the lines
+    // from the column behind "<".
+    if (!inRange(node) || !node.parameters())
+        return copyNode(node);
+    copyUpTo(node.begin());
+    const std::int32_t base = column();
+    visit(node.keyword());
+    wrapListOf(*node.parameters(), readText(m_settings, Prop::WS_BEFORE_TP_COMMA),
+               readText(m_settings, Prop::WS_BETWEEN_TP_PARAMS), base);
     copyNode(node);
 }
 

@@ -106,9 +106,11 @@ bool closesAsTemplate(const std::vector<WrapToken>& tokens, std::size_t i)
 
 } // namespace
 
-std::vector<std::int32_t> bracketDepths(const std::vector<WrapToken>& tokens)
+std::vector<std::int32_t> bracketDepths(const std::vector<WrapToken>& tokens, std::vector<bool>* angles)
 {
     std::vector<std::int32_t> depths(tokens.size(), 0);
+    if (angles)
+        angles->assign(tokens.size(), false);
     std::int32_t round = 0;
     std::int32_t square = 0;
     std::int32_t curly = 0;
@@ -150,8 +152,11 @@ std::vector<std::int32_t> bracketDepths(const std::vector<WrapToken>& tokens)
         const bool angleBracket = (t == Cpp::LESS_THAN && inside > outside) ||
                                   ((t == Cpp::GREATER_THAN || t == Cpp::RIGHT_SHIFT) && inside < outside &&
                                    angleBefore > angle);
-        if (angleBracket)
+        if (angleBracket) {
             depths[i] = outside + 1;
+            if (angles)
+                (*angles)[i] = true;
+        }
     }
     return depths;
 }

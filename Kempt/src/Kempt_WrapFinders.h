@@ -84,7 +84,9 @@ public:
 // For each token, its depth in template angle brackets, round, square and
 // curly brackets together: 0 for a token outside all of them. An opening
 // bracket has the depth outside it, a closing one the depth outside it too.
-std::vector<std::int32_t> bracketDepths(const std::vector<WrapToken>& tokens);
+// `angles`, when given, is set to mark the "<" ">" and ">>" tokens that are
+// template angle brackets.
+std::vector<std::int32_t> bracketDepths(const std::vector<WrapToken>& tokens, std::vector<bool>* angles = nullptr);
 
 } // namespace Kempt
 
