@@ -95,7 +95,12 @@ void ExprWalk::copyUpTo(const Trn::Position& p)
     const std::size_t lineStart = source.rfind('\n', gapStart == 0 ? 0 : gapStart - 1);
     const std::string_view before(source.data() + (lineStart == std::string::npos || gapStart == 0 ? 0 : lineStart + 1),
                                   gapStart - (lineStart == std::string::npos || gapStart == 0 ? 0 : lineStart + 1));
-    const bool afterComment = before.find("//") != std::string_view::npos || before.find("/*") != std::string_view::npos;
+    // A gap that starts a line follows a token that ended its own line (a
+    // directive, a "//" comment): its line breaks stay.
+    const bool afterComment = before.find("//") != std::string_view::npos ||
+                              before.find("/*") != std::string_view::npos || before.empty() ||
+                              before.find_first_not_of(" \t") == std::string_view::npos ||
+                              before[before.find_first_not_of(" \t")] == '#';
     if (blank && gap.find('\n') != std::string::npos && !beforeDirective && !afterContinuation && !afterComment &&
         next < source.size())
         return writeRaw(" ");
