@@ -1,7 +1,8 @@
 // tw-long-lines: formats every C/C++ file under each PATH with a scheme that
 // wraps lines, and counts the lines of the results that still pass the right
 // margin, by cause: those no break point could shorten (a comment, a
-// directive, a long string literal, a run of names and member accesses) and
+// directive or a branch of a conditional the parser does not read, a long
+// string literal, a run of names and member accesses) and
 // those the wrapper could have broken. Lists the commonest shapes of the
 // second kind, by their first tokens, and a few examples of each.
 //
@@ -9,11 +10,13 @@
 //
 // Exit status: 0, or 2 for a usage error.
 #include "App_SchemeFile.h"
+#include "Cpp_Lexer.h"
 #include "Cpp_TokenType.h"
 #include "Kempt.h"
 #include "Kempt_ColumnArithmetic.h"
 #include "Kempt_SourceText.h"
 #include "Kempt_WrapFinders.h"
+#include "Varnel_IMemBuf.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -80,10 +83,40 @@ struct Counts {
     std::map<std::string, std::vector<std::string>> examples;
 };
 
+// The tokens of `text` as the parser reads them: the #else and #elif
+// branches of a conditional folded into one directive token, since they are
+// never laid out as code.
+std::vector<Kempt::WrapToken> foldedTokens(const std::string& text)
+{
+    std::vector<std::size_t> lineStarts{0};
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '\n')
+            lineStarts.push_back(i + 1);
+    const auto offsetOf = [&](const Trn::Position& p, bool exclusive) -> std::size_t {
+        if (p.line < 1 || static_cast<std::size_t>(p.line) > lineStarts.size())
+            return text.size();
+        const std::size_t at =
+            lineStarts[static_cast<std::size_t>(p.line) - 1] + static_cast<std::size_t>(p.col) - (exclusive ? 0 : 1);
+        return std::min(at, text.size());
+    };
+    std::vector<Kempt::WrapToken> tokens;
+    Varnel::IMemStream in(text);
+    Cpp::Lexer lexer(in);
+    lexer.setFoldingElseBranches(true);
+    for (Trn::Token t = lexer.next(); t.type() != Cpp::END_OF_FILE; t = lexer.next()) {
+        Kempt::WrapToken w;
+        w.type = t.type();
+        w.begin = offsetOf(t.start(), false);
+        w.end = std::max(w.begin, offsetOf(t.end(), true));
+        tokens.push_back(w);
+    }
+    return tokens;
+}
+
 void classify(const std::string& text, std::int32_t margin, std::int32_t tab, Counts& counts, std::size_t examples,
               const std::string& file)
 {
-    const std::vector<Kempt::WrapToken> tokens = Kempt::wrapTokens(text);
+    const std::vector<Kempt::WrapToken> tokens = foldedTokens(text);
     std::size_t lineStart = 0;
     std::size_t k = 0; // first token that ends after the line start
     std::int32_t lineNo = 0;
