@@ -79,6 +79,34 @@ bool ExprWalk::forcesUnaryAfter(std::int32_t type) const
     }
 }
 
+void ExprWalk::copyUpTo(const Trn::Position& p)
+{
+    if (!m_f.lineWrap())
+        return m_in.copyUpTo(p, out());
+    std::string gap = m_in.readUpTo(p);
+    const std::string& source = m_in.source().text();
+    const std::size_t next = m_in.offset();
+    // "a +\n    b": joined; a directive keeps the line it starts.
+    const bool blank = gap.find_first_not_of(" \t\n\r\f\v") == std::string::npos;
+    const bool beforeDirective = next < source.size() && source[next] == '#';
+    const std::size_t gapStart = next - std::min(next, gap.size());
+    const bool afterContinuation = gapStart > 0 && source[gapStart - 1] == '\\';
+    // Behind a comment on the same line, the line break stays.
+    const std::size_t lineStart = source.rfind('\n', gapStart == 0 ? 0 : gapStart - 1);
+    const std::string_view before(source.data() + (lineStart == std::string::npos || gapStart == 0 ? 0 : lineStart + 1),
+                                  gapStart - (lineStart == std::string::npos || gapStart == 0 ? 0 : lineStart + 1));
+    // A gap that starts a line follows a token that ended its own line (a
+    // directive, a "//" comment): its line breaks stay.
+    const bool afterComment = before.find("//") != std::string_view::npos ||
+                              before.find("/*") != std::string_view::npos || before.empty() ||
+                              before.find_first_not_of(" \t") == std::string_view::npos ||
+                              before[before.find_first_not_of(" \t")] == '#';
+    if (blank && gap.find('\n') != std::string::npos && !beforeDirective && !afterContinuation && !afterComment &&
+        next < source.size())
+        return writeRaw(" ");
+    write(gap);
+}
+
 // The setting written between two tokens, or one blank where the setting is
 // empty and the tokens would run together.
 void ExprWalk::writeGap(const std::string& setting, std::string_view leftText, const Trn::Token& right)

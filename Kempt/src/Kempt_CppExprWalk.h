@@ -83,7 +83,10 @@ private:
 
     // The cursor, the stream and the iterator.
     void copyThrough(const Trn::Position& p) { m_in.copyThrough(p, out()); }
-    void copyUpTo(const Trn::Position& p) { m_in.copyUpTo(p, out()); }
+    // Copies up to `p`. With line wrapping on, a gap of blanks that breaks
+    // the line becomes one blank: the wrap pass breaks the line again where
+    // the margin asks, and a text it has wrapped reads the same a second time.
+    void copyUpTo(const Trn::Position& p);
     std::string readThrough(const Trn::Position& p) { return m_in.readThrough(p); }
     std::string readUpTo(const Trn::Position& p) { return m_in.readUpTo(p); }
     std::string rest() { return m_in.rest(); }

@@ -5,6 +5,7 @@
 #include "Cpp_Parser.h"
 #include "Cpp_RootNode.h"
 #include "Kempt_CppFormatter.h"
+#include "Kempt_CppLineWrapper.h"
 #include "Kempt_CppRewriter.h"
 #include "Kempt_PropertyNames.h"
 #include "Kempt_ProtectedRangeScanner.h"
@@ -133,6 +134,9 @@ public:
     // Where the brace pass tells what it changed; null: nowhere.
     void recordBraceEdits(BraceEdits* edits) { m_braceEdits = edits; }
 
+    // Whether the last wrap pass broke a line.
+    bool wrapBrokeLines() const { return m_wrapBrokeLines; }
+
     void writeResult(std::ostream& out)
     {
         const std::string_view text = m_source.view();
@@ -182,9 +186,8 @@ private:
     }
 
     // Prints the next text of the pass from the tree of the current one. The
-    // rewrite pass runs the brace rewriter, the format pass the formatter;
-    // the line wrapper is not built yet, and its pass prints the text as it
-    // stands.
+    // rewrite pass runs the brace rewriter, the format pass the formatter,
+    // the wrap pass the line wrapper.
     void print(PassKind pass, Cpp::RootNode& root)
     {
         const std::string_view text = m_source.view();
@@ -194,13 +197,13 @@ private:
             root.accept(rewriter);
             if (m_braceEdits)
                 *m_braceEdits = rewriter.edits();
-        } else if (pass == PassKind::FORMAT) {
+        } else if (pass == PassKind::WRAP) {
+            CppLineWrapper wrapper(m_settings, std::string(text), m_result);
+            root.accept(wrapper);
+            m_wrapBrokeLines = wrapper.changedText();
+        } else {
             CppFormatter formatter(std::string(text), m_result, m_settings);
             root.accept(formatter);
-        } else {
-            m_result.write(text.data(), static_cast<std::streamsize>(text.size()));
-            m_result.flush();
-            return;
         }
         m_result.flush();
         keepLineBreaks(text);
@@ -244,6 +247,7 @@ private:
     FormatMessageList& m_messages;
     PassObserver* m_observer;
     BraceEdits* m_braceEdits = nullptr;
+    bool m_wrapBrokeLines = false;
     ProtectedRangeScanner m_scanner;
     Cpp::Parser m_parser;
     std::stringstream m_source{std::ios_base::in | std::ios_base::out | std::ios_base::binary};
@@ -293,6 +297,14 @@ std::int32_t FormatEngine::format(const FormatSettings& settings, std::istream& 
     if (lineWrap) {
         if (const std::int32_t failed = run.runPass(PassKind::WRAP))
             return failed;
+        // Broken lines are laid out by the format pass once more and wrapped
+        // again, so that formatting the result a second time changes nothing.
+        if (run.wrapBrokeLines()) {
+            if (const std::int32_t failed = run.runPass(PassKind::FORMAT))
+                return failed;
+            if (const std::int32_t failed = run.runPass(PassKind::WRAP))
+                return failed;
+        }
     }
     run.writeResult(out);
     return 0;

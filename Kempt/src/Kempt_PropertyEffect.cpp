@@ -21,8 +21,8 @@ using enum PropertyEffect;
 // initialisers, function bodies, classes, namespaces, enums, templates,
 // linkage blocks, data declarations, control statements, bare blocks, case
 // labels, comments, directives and expression statements are laid out;
-// braces round single statements are added or removed; no line wrapping
-// happens yet.
+// braces round single statements are added or removed, and long lines are
+// wrapped.
 constexpr std::array EFFECTS = {
     Effect{Prop::TAB_SIZE, IN_EFFECT, ""},
     Effect{Prop::CONVERT_WS, IN_EFFECT, ""},
@@ -140,7 +140,15 @@ constexpr std::array EFFECTS = {
     // Directives.
     Effect{Prop::ALIGN_PPD_LEFT_MOST, IN_EFFECT, ""},
     // Read by the driver; the passes they switch on print the text as it stands.
-    Effect{Prop::LINE_WRAP, PARTLY, "adjacent string literals are joined; no line is wrapped yet"},
+    Effect{Prop::LINE_WRAP, IN_EFFECT, ""},
+    Effect{Prop::RIGHT_MARGIN, IN_EFFECT, ""},
+    Effect{Prop::WRAP_STYLE, IN_EFFECT, ""},
+    Effect{Prop::WRAP_INDENT, IN_EFFECT, ""},
+    Effect{Prop::EXPR_WRAP_STYLE, IN_EFFECT, ""},
+    Effect{Prop::SHIFT_WRAP_STYLE, IN_EFFECT, ""},
+    Effect{Prop::COMMA_WRAP_STYLE, IN_EFFECT, ""},
+    Effect{Prop::LIST_WRAP_STRATEGY, IN_EFFECT, ""},
+    Effect{Prop::INDENT_WRAP_STYLE, IN_EFFECT, ""},
     // Flags of the editor's pages.
     Effect{Prop::GLOBALS_DO_NOT_FORMAT, EDITOR, ""},
     Effect{Prop::NAMESPACES_DO_NOT_FORMAT, EDITOR, ""},

@@ -16,7 +16,7 @@ using tw_test::writeBytes;
 
 TEST(ProgramFilesTest, VersionTextIsThreeNumbersWithLargeOnesDividedByAThousand)
 {
-    EXPECT_EQ(App::getVersionText(), "1.4.0");
+    EXPECT_EQ(App::getVersionText(), "1.5.0");
     EXPECT_EQ(App::versionText("1.3.0"), "1.3.0");
     EXPECT_EQ(App::versionText("2.1003.0"), "2.1.0");
     EXPECT_EQ(App::versionText("1.1000.2000"), "1.1000.2");

@@ -106,7 +106,7 @@ TEST_F(CliTest, VersionAndHelp)
 {
     const Result version = run({"--version"});
     EXPECT_EQ(version.status, 0);
-    EXPECT_EQ(version.out, "tidewright 1.4.0\n");
+    EXPECT_EQ(version.out, "tidewright 1.5.0\n");
     const Result help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("--scheme-file"), std::string::npos);

@@ -1,0 +1,5 @@
+// Exactly 40 columns: not wrapped.
+void f()
+{
+    total = alpha + beta + gamma + abcd;
+}

@@ -1,0 +1,5 @@
+// Nothing long: byte for byte.
+int f(int a)
+{
+    return a + 1;
+}

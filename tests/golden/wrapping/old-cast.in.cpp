@@ -1,0 +1,5 @@
+// Old-style casts are the last break point.
+void f()
+{
+    p = (unsigned long)(unsigned char)qqqqqqqq;
+}

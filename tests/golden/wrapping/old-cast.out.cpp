@@ -1,0 +1,7 @@
+// Old-style casts are the last break point.
+void f()
+{
+    p = (unsigned long)
+        (unsigned char)
+        qqqqqqqq;
+}

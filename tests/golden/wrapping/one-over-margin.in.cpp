@@ -1,0 +1,5 @@
+// 41 columns: wrapped.
+void f()
+{
+    total = alpha + beta + gamma + abcde;
+}

@@ -1,0 +1,8 @@
+// 41 columns: wrapped.
+void f()
+{
+    total = alpha +
+            beta +
+            gamma +
+            abcde;
+}

@@ -1,0 +1,8 @@
+// "return" stays on the first line; before-operator style starts the next line with "+".
+int f()
+{
+    return alpha
+         + beta
+         + gamma
+         + deltas;
+}
