@@ -4,6 +4,7 @@
 // of /threads:2). The files are those of TW_CORPUS_DIR when it is set, else
 // 48 generated texts of 64 KiB. Wall-clock time: the work is on other threads.
 #include "App_OrderedPool.h"
+#include "Bench_Engine.h"
 #include "Bench_Text.h"
 #include "Kempt.h"
 #include "Varnel_IMemBuf.h"
@@ -17,15 +18,6 @@
 
 namespace {
 
-const Kempt::FormatSettings& defaultScheme()
-{
-    static const Kempt::FormatSettings settings = [] {
-        std::ifstream in(TW_SCHEMES_DIR "/default.tws", std::ios::binary);
-        return Kempt::FormatSettings(Kempt::PropertySet(in));
-    }();
-    return settings;
-}
-
 const std::vector<std::string>& batchTexts()
 {
     static const std::vector<std::string> texts = [] {
@@ -35,18 +27,6 @@ const std::vector<std::string>& batchTexts()
         return std::vector<std::string>(48, one);
     }();
     return texts;
-}
-
-// The length of the formatted text, or 0 when it did not format.
-std::size_t formatOne(const std::string& text)
-{
-    Kempt::UpdateFunctor none;
-    Varnel::IMemStream in(text);
-    std::ostringstream out;
-    Kempt::FormatMessageList messages;
-    if (Kempt::FormatEngine().format(defaultScheme(), in, out, messages, none) != 0)
-        return 0;
-    return out.str().size();
 }
 
 void BM_BatchThreads(benchmark::State& state)
@@ -61,7 +41,7 @@ void BM_BatchThreads(benchmark::State& state)
         App::OrderedPool pool(threads);
         std::vector<std::size_t> sizes(texts.size());
         for (std::size_t i = 0; i < texts.size(); ++i)
-            pool.submit([&, i] { sizes[i] = formatOne(texts[i]); }, [&, i] { formatted += sizes[i] > 0; });
+            pool.submit([&, i] { sizes[i] = Bench::formatText(texts[i], Bench::defaultScheme()); }, [&, i] { formatted += sizes[i] > 0; });
         pool.finish();
         benchmark::DoNotOptimize(sizes.data());
     }

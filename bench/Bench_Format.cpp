@@ -3,6 +3,7 @@
 // samples and (with TW_CORPUS_DIR) the corpus files that parse, to stand
 // beside the parse-only figures of Bench_Parser.cpp. And the expression
 // formatter's cost per gap: the time to decide one gap between two tokens.
+#include "Bench_Engine.h"
 #include "Bench_Text.h"
 #include "Kempt.h"
 #include "Kempt_CppExprFormatter.h"
@@ -18,32 +19,11 @@
 
 namespace {
 
-const Kempt::FormatSettings& defaultScheme()
-{
-    static const Kempt::FormatSettings settings = [] {
-        std::ifstream in(TW_SCHEMES_DIR "/default.tws", std::ios::binary);
-        return Kempt::FormatSettings(Kempt::PropertySet(in));
-    }();
-    return settings;
-}
-
-// Formats one text; false when it did not format.
-bool formatOne(const std::string& text, const Kempt::FormatSettings& settings)
-{
-    Kempt::UpdateFunctor none;
-    Varnel::IMemStream in(text);
-    std::ostringstream out;
-    Kempt::FormatMessageList messages;
-    const bool ok = Kempt::FormatEngine().format(settings, in, out, messages, none) == 0;
-    benchmark::DoNotOptimize(out);
-    return ok;
-}
-
 void BM_FormatDefaultGenerated(benchmark::State& state)
 {
     static const std::string text = Bench::generatedCpp(8u << 20);
     for (auto _ : state)
-        if (!formatOne(text, defaultScheme()))
+        if (!Bench::formatText(text, Bench::defaultScheme()))
             state.SkipWithError("the text did not format");
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
@@ -53,7 +33,7 @@ void BM_FormatDefaultSamples(benchmark::State& state)
 {
     static const std::string text = Bench::bundledSamples();
     for (auto _ : state)
-        if (!formatOne(text, defaultScheme()))
+        if (!Bench::formatText(text, Bench::defaultScheme()))
             state.SkipWithError("the text did not format");
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
@@ -66,7 +46,7 @@ void BM_FormatDefaultCorpus(benchmark::State& state)
     static const std::vector<const std::string*> texts = [] {
         std::vector<const std::string*> parsed;
         for (const std::string& text : Bench::corpusTexts())
-            if (formatOne(text, defaultScheme()))
+            if (Bench::formatText(text, Bench::defaultScheme()))
                 parsed.push_back(&text);
         return parsed;
     }();
@@ -79,7 +59,7 @@ void BM_FormatDefaultCorpus(benchmark::State& state)
         bytes += static_cast<std::int64_t>(text->size());
     for (auto _ : state)
         for (const std::string* text : texts)
-            formatOne(*text, defaultScheme());
+            Bench::formatText(*text, Bench::defaultScheme());
     state.SetBytesProcessed(state.iterations() * bytes);
     state.counters["files"] = static_cast<double>(texts.size());
 }
@@ -117,7 +97,7 @@ std::int64_t gapsOf(const std::string& text)
 
 void BM_ExprFormatterPerGap(benchmark::State& state)
 {
-    Kempt::CppExprFormatter formatter(defaultScheme(), defaultScheme().markers());
+    Kempt::CppExprFormatter formatter(Bench::defaultScheme(), Bench::defaultScheme().markers());
     Varnel::StreamState stream;
     stream.tabSize = 4;
     stream.tabMode = 1;

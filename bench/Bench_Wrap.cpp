@@ -3,6 +3,7 @@
 // same pipeline without it (the format pass alone), on the generated text and
 // on the corpus files that parse (TW_CORPUS_DIR). Arg 0: format pass alone;
 // arg 1: format and wrap at 80 columns.
+#include "Bench_Engine.h"
 #include "Bench_Text.h"
 #include "Kempt.h"
 #include "Varnel_IMemBuf.h"
@@ -30,22 +31,11 @@ const Kempt::FormatSettings& scheme(bool wrap)
     return wrap ? on : off;
 }
 
-bool formatOne(const std::string& text, const Kempt::FormatSettings& settings)
-{
-    Kempt::UpdateFunctor none;
-    Varnel::IMemStream in(text);
-    std::ostringstream out;
-    Kempt::FormatMessageList messages;
-    const bool ok = Kempt::FormatEngine().format(settings, in, out, messages, none) == 0;
-    benchmark::DoNotOptimize(out);
-    return ok;
-}
-
 void BM_WrapGenerated(benchmark::State& state)
 {
     static const std::string text = Bench::generatedCpp(8u << 20);
     for (auto _ : state)
-        if (!formatOne(text, scheme(state.range(0) != 0)))
+        if (!Bench::formatText(text, scheme(state.range(0) != 0)))
             state.SkipWithError("the text did not format");
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
@@ -57,7 +47,7 @@ void BM_WrapCorpus(benchmark::State& state)
     static const std::vector<const std::string*> texts = [] {
         std::vector<const std::string*> parsed;
         for (const std::string& text : Bench::corpusTexts())
-            if (formatOne(text, scheme(false)))
+            if (Bench::formatText(text, scheme(false)))
                 parsed.push_back(&text);
         return parsed;
     }();
@@ -71,7 +61,7 @@ void BM_WrapCorpus(benchmark::State& state)
     const Kempt::FormatSettings& settings = scheme(state.range(0) != 0);
     for (auto _ : state)
         for (const std::string* text : texts)
-            formatOne(*text, settings);
+            Bench::formatText(*text, settings);
     state.SetBytesProcessed(state.iterations() * bytes);
     state.counters["files"] = static_cast<double>(texts.size());
 }

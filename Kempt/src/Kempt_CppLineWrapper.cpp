@@ -432,6 +432,11 @@ void CppLineWrapper::emitCtrlSubStmtHead(Cpp::CtrlSubStmtHeadNode& node)
 
 void CppLineWrapper::emitExpr(Cpp::ExprNode& node)
 {
+    wrapWhole(node);
+}
+
+void CppLineWrapper::wrapWhole(const Cpp::SyntaxNode& node)
+{
     if (!inRange(node))
         return copyNode(node);
     copyUpTo(node.begin());
@@ -470,12 +475,7 @@ void CppLineWrapper::emitText(Cpp::TextNode& node)
 void CppLineWrapper::emitFunctionPtrDecl(Cpp::FunctionPtrDeclNode& node)
 {
     // "int (*f)(int a, int b);": the parameters are the group to break.
-    if (!inRange(node))
-        return copyNode(node);
-    copyUpTo(node.begin());
-    const std::int32_t base = lineIndent();
-    const std::string text = m_in.readThrough(node.end());
-    m_out += m_wrapper.wrapExpression(text, stateAt(base));
+    wrapWhole(node);
 }
 
 void CppLineWrapper::emitEnumHead(Cpp::EnumHeadNode& node)

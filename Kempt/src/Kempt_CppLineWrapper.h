@@ -107,6 +107,8 @@ public:
 private:
     bool inRange(const Cpp::SyntaxNode& node) const;
     void copyNode(const Cpp::SyntaxNode& node);
+    // The node's text wrapped as one expression from the indent of its line.
+    void wrapWhole(const Cpp::SyntaxNode& node);
     void visit(Cpp::SyntaxNode* node);
     void visitChildren(Cpp::InteriorNode& node);
     void copyThrough(const Trn::Position& p);

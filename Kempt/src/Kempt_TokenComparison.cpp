@@ -464,7 +464,9 @@ TokenComparison unmatchedBrace(Trn::Position at, bool inBefore)
     result.same = false;
     result.change = inBefore ? TokenComparison::Change::DROPPED : TokenComparison::Change::ADDED;
     (inBefore ? result.beforePosition : result.afterPosition) = at;
-    (inBefore ? result.beforeToken : result.afterToken) = "{";
+    // assign(count, char): GCC 12 misreads assigning a literal here as an
+    // overlapping copy (-Wrestrict) once this is inlined.
+    (inBefore ? result.beforeToken : result.afterToken).assign(1, '{');
     return result;
 }
 
