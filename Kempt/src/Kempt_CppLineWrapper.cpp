@@ -103,6 +103,32 @@ void CppLineWrapper::visit(Cpp::SyntaxNode* node)
         node->accept(*this);
 }
 
+void CppLineWrapper::visitParts(const Cpp::SyntaxNode& node, std::initializer_list<Cpp::SyntaxNode*> parts)
+{
+    if (!inRange(node))
+        return copyNode(node);
+    for (Cpp::SyntaxNode* part : parts)
+        visit(part);
+    copyNode(node);
+}
+
+void CppLineWrapper::visitPartsFromColumn(const Cpp::SyntaxNode& node, std::initializer_list<Cpp::SyntaxNode*> parts)
+{
+    if (!inRange(node))
+        return copyNode(node);
+    copyUpTo(node.begin());
+    m_columns.push_back(column());
+    for (Cpp::SyntaxNode* part : parts)
+        visit(part);
+    m_columns.pop_back();
+    copyNode(node);
+}
+
+std::int32_t CppLineWrapper::outerColumn() const
+{
+    return m_columns.empty() ? 0 : m_columns.back();
+}
+
 void CppLineWrapper::visitChildren(Cpp::InteriorNode& node)
 {
     if (!inRange(node))
@@ -204,23 +230,12 @@ void CppLineWrapper::emitInterior(Cpp::InteriorNode& node)
 
 void CppLineWrapper::emitClassDecl(Cpp::ClassDeclNode& node)
 {
-    if (!inRange(node))
-        return copyNode(node);
-    copyUpTo(node.begin());
-    m_columns.push_back(column());
-    visit(node.head());
-    visit(node.body());
-    m_columns.pop_back();
-    copyNode(node);
+    visitPartsFromColumn(node, {node.head(), node.body()});
 }
 
 void CppLineWrapper::emitClassHead(Cpp::ClassHeadNode& node)
 {
-    if (!inRange(node))
-        return copyNode(node);
-    visit(node.name());
-    visit(node.bases());
-    copyNode(node);
+    visitParts(node, {node.name(), node.bases()});
 }
 
 void CppLineWrapper::emitBaseClauseList(Cpp::BaseClauseListNode& node)
@@ -228,37 +243,22 @@ void CppLineWrapper::emitBaseClauseList(Cpp::BaseClauseListNode& node)
     if (!inRange(node) || readFlag(m_settings, Prop::ALIGN_BASE_CLAUSES_LEFT))
         return copyNode(node);
     wrapListOf(node, readText(m_settings, Prop::WS_BEFORE_BASE_CLAUSES_COMMA),
-               readText(m_settings, Prop::WS_BETWEEN_BASE_CLAUSES), m_columns.empty() ? 0 : m_columns.back());
+               readText(m_settings, Prop::WS_BETWEEN_BASE_CLAUSES), outerColumn());
 }
 
 void CppLineWrapper::emitNamespaceDecl(Cpp::NamespaceDeclNode& node)
 {
-    if (!inRange(node))
-        return copyNode(node);
-    visit(node.head());
-    visit(node.body());
-    copyNode(node);
+    visitParts(node, {node.head(), node.body()});
 }
 
 void CppLineWrapper::emitLinkageBlock(Cpp::LinkageBlockNode& node)
 {
-    if (!inRange(node))
-        return copyNode(node);
-    visit(node.spec());
-    visit(node.body());
-    copyNode(node);
+    visitParts(node, {node.spec(), node.body()});
 }
 
 void CppLineWrapper::emitEnumDecl(Cpp::EnumDeclNode& node)
 {
-    if (!inRange(node))
-        return copyNode(node);
-    copyUpTo(node.begin());
-    m_columns.push_back(column());
-    visit(node.head());
-    visit(node.body());
-    m_columns.pop_back();
-    copyNode(node);
+    visitPartsFromColumn(node, {node.head(), node.body()});
 }
 
 void CppLineWrapper::emitEnumBody(Cpp::EnumBodyNode& node)
@@ -268,16 +268,12 @@ void CppLineWrapper::emitEnumBody(Cpp::EnumBodyNode& node)
     if (!inRange(node) || m_wrapStyle == 0)
         return copyNode(node);
     wrapListOf(node, readText(m_settings, Prop::WS_BEFORE_ENUM_COMMA),
-               readText(m_settings, Prop::WS_BETWEEN_ENUM_ELEMENTS), m_columns.empty() ? 0 : m_columns.back());
+               readText(m_settings, Prop::WS_BETWEEN_ENUM_ELEMENTS), outerColumn());
 }
 
 void CppLineWrapper::emitFunctionDecl(Cpp::FunctionDeclNode& node)
 {
-    if (!inRange(node))
-        return copyNode(node);
-    visit(node.head());
-    visit(node.block());
-    copyNode(node);
+    visitParts(node, {node.head(), node.block()});
 }
 
 void CppLineWrapper::emitCtorDecl(Cpp::CtorDeclNode& node)
@@ -317,7 +313,7 @@ void CppLineWrapper::emitInitializerList(Cpp::InitializerListNode& node)
 {
     if (!inRange(node))
         return copyNode(node);
-    const std::int32_t base = m_columns.empty() ? 0 : m_columns.back();
+    const std::int32_t base = outerColumn();
     const std::string beforeComma = readText(m_settings, Prop::WS_BEFORE_CLASS_INITS_COMMA);
     const std::string between = readText(m_settings, Prop::WS_BETWEEN_CLASS_INITS);
     if (node.empty() || hasNewline(beforeComma) || hasNewline(between))
@@ -394,11 +390,7 @@ void CppLineWrapper::emitDataDecl(Cpp::DataDeclNode& node)
 
 void CppLineWrapper::emitCtrlSubStmt(Cpp::CtrlSubStmtNode& node)
 {
-    if (!inRange(node))
-        return copyNode(node);
-    visit(node.head());
-    visit(node.body());
-    copyNode(node);
+    visitParts(node, {node.head(), node.body()});
 }
 
 void CppLineWrapper::emitCtrlSubStmtHead(Cpp::CtrlSubStmtHeadNode& node)

@@ -27,6 +27,7 @@
 #include "Kempt_SourceText.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <iosfwd>
 #include <set>
 #include <string>
@@ -111,6 +112,14 @@ private:
     void wrapWhole(const Cpp::SyntaxNode& node);
     void visit(Cpp::SyntaxNode* node);
     void visitChildren(Cpp::InteriorNode& node);
+    // A node in range: its parts visited in order, the rest copied; else the
+    // whole node copied.
+    void visitParts(const Cpp::SyntaxNode& node, std::initializer_list<Cpp::SyntaxNode*> parts);
+    // visitParts with the column the node starts at as the one its parts'
+    // continuation lines indent from.
+    void visitPartsFromColumn(const Cpp::SyntaxNode& node, std::initializer_list<Cpp::SyntaxNode*> parts);
+    // The column of the construct being wrapped, 0 at the outermost level.
+    std::int32_t outerColumn() const;
     void copyThrough(const Trn::Position& p);
     void copyUpTo(const Trn::Position& p);
     // A comma list that stands one element to a line already is left alone.
