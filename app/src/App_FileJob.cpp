@@ -11,6 +11,7 @@
 #include "Kempt_TokenComparison.h"
 #include "Trn_Exception.h"
 #include "Varnel_Contract.h"
+#include "Varnel_Text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -28,21 +29,6 @@ constexpr int ERROR = 3;
 std::string fill(const std::string& text, std::initializer_list<std::string_view> arguments)
 {
     return KemptUI::fillTemplate(text, arguments);
-}
-
-std::string lower(std::string text)
-{
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
-}
-
-std::string trim(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos)
-        return "";
-    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 // A status text on the progress display, when there is one.
@@ -77,9 +63,9 @@ bool isFormattableFile(const std::string& path, const std::vector<std::string>& 
     const std::size_t dot = path.rfind('.');
     if (dot == std::string::npos)
         return false;
-    const std::string extension = lower(trim(path.substr(dot + 1)));
+    const std::string extension = Varnel::toLower(Varnel::trim(std::string_view(path).substr(dot + 1)));
     return std::any_of(extensions.begin(), extensions.end(),
-                       [&](const std::string& entry) { return lower(entry) == extension; });
+                       [&](const std::string& entry) { return Varnel::toLower(entry) == extension; });
 }
 
 FileJob::FileJob(MessageSink& sink, JobOptions options, FormatFunction format)

@@ -11,6 +11,7 @@
 // Entries whose path is no .vcxproj (solution folders, other languages) are
 // left out.
 #include "App_ProjectFiles.h"
+#include "Varnel_Text.h"
 
 #include <pugixml.hpp>
 
@@ -22,13 +23,6 @@ namespace App {
 namespace {
 
 constexpr const char* SOLUTION_MARK = "Microsoft Visual Studio Solution File";
-
-std::string lower(std::string text)
-{
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
-}
 
 bool endsWith(const std::string& text, const std::string& end)
 {
@@ -160,7 +154,7 @@ bool readSlnWorkspace(const std::string& path, ProjectList& list, std::string& e
             continue;
         const std::vector<std::string> fields = quotedFields(line.substr(first));
         // The type, the name, the path, the project's own id.
-        if (fields.size() < 3 || !endsWith(lower(fields[2]), ".vcxproj"))
+        if (fields.size() < 3 || !endsWith(Varnel::toLower(fields[2]), ".vcxproj"))
             continue;
         ProjectEntry project;
         project.path = projectMemberPath(path, fields[2]);

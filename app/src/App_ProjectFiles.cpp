@@ -1,5 +1,6 @@
 // Choosing a project reader by name, and the path rules the readers share.
 #include "App_ProjectFiles.h"
+#include "Varnel_Text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -14,21 +15,6 @@ namespace App {
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string lower(std::string text)
-{
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
-}
-
-std::string trim(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos)
-        return "";
-    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
 
 // `path` as it exists on disk when only the case of its letters differs;
 // `path` itself when it exists or no such match is found.
@@ -48,7 +34,7 @@ fs::path existingCase(const fs::path& path)
         bool matched = false;
         for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
             const std::string name = it->path().filename().string();
-            if (lower(name) == lower(part.string())) {
+            if (Varnel::toLower(name) == Varnel::toLower(part.string())) {
                 found /= name;
                 matched = true;
                 break;
@@ -64,8 +50,8 @@ fs::path existingCase(const fs::path& path)
 
 ProjectKind projectKind(const std::string& path)
 {
-    const std::string name = lower(fs::path(path).filename().string());
-    const std::string extension = lower(fs::path(path).extension().string());
+    const std::string name = Varnel::toLower(fs::path(path).filename().string());
+    const std::string extension = Varnel::toLower(fs::path(path).extension().string());
     if (extension == ".dsp")
         return ProjectKind::DSP;
     if (extension == ".dsw")
@@ -86,9 +72,9 @@ bool isWorkspaceKind(ProjectKind kind)
 
 std::string projectMemberPath(const std::string& projectFile, const std::string& listed)
 {
-    std::string text = trim(listed);
+    std::string text = std::string(Varnel::trim(listed));
     if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
-        text = trim(text.substr(1, text.size() - 2));
+        text = std::string(Varnel::trim(std::string_view(text).substr(1, text.size() - 2)));
     if (text.empty())
         return "";
     std::replace(text.begin(), text.end(), '\\', '/');

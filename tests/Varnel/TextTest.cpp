@@ -14,6 +14,14 @@ TEST(TextTest, Trims)
     EXPECT_EQ(Varnel::trim(""), "");
 }
 
+TEST(TextTest, LowersAsciiCapitalsOnly)
+{
+    EXPECT_EQ(Varnel::toLower("Main.CPP"), "main.cpp");
+    EXPECT_EQ(Varnel::toLower("Proj.VcxProj"), "proj.vcxproj");
+    EXPECT_EQ(Varnel::toLower("a_1-B\xC9"), "a_1-b\xC9");
+    EXPECT_EQ(Varnel::toLower(""), "");
+}
+
 TEST(TextTest, UnescapesBackslashes)
 {
     EXPECT_EQ(Varnel::unescapeBackslashes(R"(a\tb\nc\rd\ve\\f)"), "a\tb\nc\rd\ve\\f");

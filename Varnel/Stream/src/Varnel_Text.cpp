@@ -35,6 +35,14 @@ std::string_view trim(std::string_view text)
     return trimRight(trimLeft(text));
 }
 
+std::string toLower(std::string_view text)
+{
+    std::string lowered(text);
+    for (char& c : lowered)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return lowered;
+}
+
 std::string unescapeBackslashes(std::string_view text)
 {
     std::string value;

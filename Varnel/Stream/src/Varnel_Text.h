@@ -1,4 +1,4 @@
-// Small text helpers shared by the layers: trimming by isspace, the backslash
+// Small text helpers shared by the layers: trimming by isspace, lower case, the backslash
 // unescaping that literals and scheme files use alike, and the escaping that
 // keeps a text on one line.
 #ifndef VARNEL_TEXT_H
@@ -13,6 +13,9 @@ namespace Varnel {
 std::string_view trimLeft(std::string_view text);
 std::string_view trimRight(std::string_view text);
 std::string_view trim(std::string_view text);
+
+// The text with ASCII capitals made small (file names, extensions).
+std::string toLower(std::string_view text);
 
 // "\\" "\n" "\r" "\t" "\v" give their character; a backslash before any other
 // character is dropped and the character stays; a backslash at the very end
