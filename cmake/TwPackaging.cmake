@@ -25,9 +25,9 @@ set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS OFF)
-# The description's first line is the summary above; the rest is this text.
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
-Tidewright C++ re-lays out the white space, braces, alignment and line
+# The long description; CPack puts the summary above in front of it as the
+# synopsis line.
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "Tidewright C++ re-lays out the white space, braces, alignment and line
 breaks of C and C++ source files after a named scheme of about 150 layout
 options. It never reorders or drops a token or a comment, and leaves a file
 that does not parse exactly as it was.

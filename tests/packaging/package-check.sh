@@ -34,23 +34,28 @@ for library in libc6 libstdc++6 libqt6widgets6 libinih1 libpugixml1v5; do
 done
 
 # The contents.
-contents=$(dpkg-deb -c "$deb" | awk '{print $6}')
+# The listing's sixth column on is the path (which may hold spaces).
+contents=$(dpkg-deb -c "$deb" | sed -E 's/^([^ ]+ +){5}//')
 for file in ./usr/bin/tidewright ./usr/bin/tidewright-gui ./usr/share/tidewright/schemes/default.tws \
             ./usr/share/doc/tidewright/copyright ./usr/share/doc/tidewright/changelog.Debian.gz \
             ./usr/share/doc/tidewright/README.md ./usr/share/man/man1/tidewright.1.gz \
             ./usr/share/man/man1/tidewright-gui.1.gz ./usr/share/applications/tidewright-gui.desktop \
-            ./usr/share/bash-completion/completions/tidewright; do
+            ./usr/share/bash-completion/completions/tidewright "./usr/share/tidewright/schemes/Leave as is.tws"; do
     printf '%s\n' "$contents" | grep -qxF "$file" || say "the package lacks $file"
 done
 printf '%s\n' "$contents" | grep -v '^\./usr/' | grep -v '^\./$' | sed 's/^/package-check: outside \/usr: /' | grep . >&2 \
     && fail=1
+# No empty directory: each one holds a file somewhere below it.
+for dir in $(printf '%s\n' "$contents" | grep '/$' | grep -v ' '); do
+    printf '%s\n' "$contents" | grep -v '/$' | grep -qF "$dir" || say "empty directory in the package: $dir"
+done
 
 # Installed into a throwaway root, the programs work from there.
 dpkg-deb -x "$deb" "$work/root"
 "$here/run-installed.sh" "$work/root/usr" || fail=1
 
 if command -v lintian >/dev/null 2>&1; then
-    lintian --no-tag-display-limit "$deb" >"$work/lintian.log" 2>&1 || true
+    lintian --tag-display-limit 0 "$deb" >"$work/lintian.log" 2>&1 || true
     cat "$work/lintian.log"
     if grep -q '^E: ' "$work/lintian.log"; then
         say "lintian reports errors"
