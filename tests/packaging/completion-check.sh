@@ -93,6 +93,9 @@ for option in $(tidewright --help | grep -oE -- '(^|[ ,])--[a-z][-a-z]*' | sed '
 done
 if command -v zsh >/dev/null 2>&1; then
     zsh -n "$zsh_file" || say "the zsh completion does not parse"
+    # compinit finds it on fpath and binds it to the command.
+    bound=$(zsh -f -c "fpath=(${zsh_file%/*} \$fpath); autoload -U compinit; compinit -u -d $work/zcompdump; print -r -- \${_comps[tidewright]}")
+    [[ $bound == _tidewright ]] || say "compinit does not bind _tidewright to tidewright: '$bound'"
 fi
 [[ $fail -eq 0 ]] && echo "completion-check: every case offers what it should"
 exit $fail
