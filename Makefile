@@ -3,13 +3,16 @@
 #   make run [FILE=path]   install what is missing, build, format FILE (default: the bundled sample)
 #   make test              install what is missing, build, run every test (also under the sanitizers)
 #   make bench             build a release and run the benchmarks
+#   make package           build a release and make the Debian package (build/package/*.deb)
+#   make install           build a release and install it (PREFIX=/usr/local; DESTDIR honoured)
 #   make clean
 
 FILE ?= examples/sample.cpp
+PREFIX ?= /usr/local
 CMAKE ?= cmake
 CTEST ?= ctest
 
-.PHONY: all bootstrap build release asan run test test-dev test-asan bench clean
+.PHONY: all bootstrap build release asan run test test-dev test-asan bench package install clean
 
 all: build
 
@@ -41,6 +44,14 @@ test-asan: asan
 
 bench: release
 	@build/release/bench/tw_bench
+
+package: release
+	@cpack --config build/release/CPackConfig.cmake -G DEB -B build/package >&2
+	@ls build/package/*.deb
+	@if command -v lintian >/dev/null 2>&1; then lintian build/package/*.deb; fi
+
+install: release
+	@$(CMAKE) --install build/release --prefix "$(PREFIX)"
 
 clean:
 	rm -rf build

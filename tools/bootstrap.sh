@@ -24,6 +24,11 @@ PACKAGES=(
   qt6-base-dev   # the desktop application (Qt 6 Widgets, QtTest)
   xvfb           # a test runs the desktop application on a virtual X server
   xauth          # xvfb-run needs it
+  help2man       # the man pages, written from the programs' --help
+  gzip           # the man pages and the Debian changelog are installed compressed
+  dpkg-dev       # make package: dpkg-shlibdeps finds the package's dependencies
+  lintian        # make package: checks the Debian package against the policy
+  git            # a test runs the git pre-commit hook on a temporary repository
 )
 
 if [ "${1:-}" = "--list" ]; then
