@@ -42,6 +42,7 @@
 #include "App_UnifiedDiff.h"
 #include "App_UserMessages.h"
 #include "Cli_Batch.h"
+#include "Cli_HelpFormatter.h"
 #include "Cli_Inputs.h"
 #include "Cli_Interrupt.h"
 #include "Cli_ProgressLine.h"
@@ -57,6 +58,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <iostream>
 #include <new>
 #include <set>
@@ -459,6 +461,7 @@ int runCommandLine(int argc, char** argv, const App::FormatFunction& format)
                  "Formats each FILE (standard input when none is given, or for -) to standard output,\n"
                  "or in place with -i; --check and --diff tell what would change.",
                  "tidewright"};
+    app.formatter(std::make_shared<HelpFormatter>());
     Options options;
     app.add_option("FILE", options.files, "Files to format; - reads standard input");
     CLI::Option* inPlace = app.add_flag("-i,--in-place", options.inPlace,

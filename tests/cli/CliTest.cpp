@@ -490,6 +490,13 @@ TEST_F(CliTest, HelpNamesTheSchemeOptions)
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
 }
 
+TEST_F(CliTest, HelpShowsOptionalValuesAsTyped)
+{
+    const Result help = run({"--help"});
+    EXPECT_NE(help.out.find("--backup [=EXT]"), std::string::npos) << help.out;
+    EXPECT_EQ(help.out.find("{}"), std::string::npos) << help.out;
+}
+
 TEST_F(CliTest, LeaveAsIsGivesTheSampleBackUnchanged)
 {
     const std::string sample = std::string(TW_EXAMPLES_DIR) + "/sample.cpp";
